@@ -1,0 +1,11 @@
+# One interface target that every target links: the language level, the warnings and Qt's hygiene
+# defines. -Werror is left to the CI flags so that a newer compiler never breaks a user's build.
+add_library(project_warnings INTERFACE)
+target_compile_features(project_warnings INTERFACE cxx_std_17)
+target_compile_options(project_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+target_compile_definitions(project_warnings INTERFACE
+    QT_NO_CAST_TO_ASCII
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+install(TARGETS project_warnings EXPORT tarn2_specificTargets)
