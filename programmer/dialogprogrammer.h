@@ -1,0 +1,178 @@
+// The programmer dialog: List and Delayer templates, previews, sequences, files and uploads.
+#pragma once
+
+#include "records.h"
+#include "templateparam.h"
+
+#include <QDialog>
+#include <QList>
+#include <QVector>
+
+class QAction;
+class QCPCurve;
+class QCPItemText;
+class QCustomPlot;
+class QModelIndex;
+class QProgressBar;
+class QStatusBar;
+class QTableView;
+
+namespace Ui {
+class DialogProgrammer;
+}
+
+namespace tarn2::specific::orvo5000::programmer {
+
+class ListTemplateModel;
+class ListDataModel;
+class DelayerTemplateModel;
+class DelayerModel;
+class ProgrammerUploader;
+
+// DialogProgrammer is the module's one dialog. The host constructs it with the instrument's
+// Option, listens to its signals and drives uploads with uploaderNext() and uploaderStop(); the
+// dialog never talks to the instrument and never opens a file dialog itself. Constructing a dialog
+// makes its Option the process-wide current option that the models, editors and uploaders read.
+class TARN2_SPECIFIC_EXPORT DialogProgrammer : public QDialog
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(DialogProgrammer)
+
+public:
+    using UploadMode = programmer::UploadMode;
+
+    explicit DialogProgrammer(const Option &option, QWidget *parent = nullptr);
+    ~DialogProgrammer() override;
+
+    // The host's side of an upload run.
+    void uploaderNext();
+    void uploaderStop();
+
+    // Sequence files, called by the host from its handlers of the file signals.
+    bool listSaveData(const QString &path, const QList<ListData> &datas);
+    QList<ListData> listLoadData(const QString &path);
+    bool delayerSaveData(const QString &path, const QList<DelayerData> &datas);
+    QList<DelayerData> delayerLoadData(const QString &path);
+
+    void uploaderStart(UploadMode mode);
+    void setupUploader(UploadMode mode);
+    UploadParam getUploadParamFromUI(UploadMode mode);
+
+    void showInfo(const QString &text, int timeout);
+    void showError(const QString &text, int timeout);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    void selectTvItems(QTableView *view, const QModelIndex &from, const QModelIndex &to);
+    int enumChildren(QObject *parent, const QString &className, QList<QObject *> &out);
+    QList<QObject *> blockChildrenSignals(QObject *parent, bool block);
+
+signals:
+    void listSaveToCSV(const QList<ListData> &datas, const UploadParam &param);
+    void listLoadFromCSV(QList<ListData> &datas, UploadParam &param);
+    void delayerSaveToCSV(const QList<DelayerData> &datas, const UploadParam &param);
+    void delayerLoadFromCSV(QList<DelayerData> &datas, UploadParam &param);
+    void uploaderStarted(const UploadParam &param);
+    void uploaderNextData(int dataIndex, const ProgrammerData &data);
+    void uploaderFinished();
+    void uploaderError(const QString &e);
+    void uploaderStoped();
+
+private slots:
+    void on_cbbListTempType_currentIndexChanged(int index);
+    void on_cbbListTempObject_currentIndexChanged(int index);
+    void on_btnReset_clicked();
+    void on_btnResetAll_clicked();
+    void on_cbbDelayerTempType_currentIndexChanged(int index);
+    void on_actionSaveList_triggered();
+    void on_actionloadList_triggered();
+    void on_actionSaveDelayer_triggered();
+    void on_actionLoadDelayer_triggered();
+    void on_cbbListCH_currentIndexChanged(int index);
+    void on_btnListTemplateAppend_clicked();
+    void on_btnListTemplateInsert_clicked();
+    void on_actionListUpload_triggered();
+    void on_actionDelayerUpload_triggered();
+    void on_cbbDelayerTempPattern_currentIndexChanged(int index);
+    void on_btnDelayerTemplateAppend_clicked();
+    void on_btnDelayerTemplateInsert_clicked();
+
+private:
+    // Construction
+    void initWidget();
+    void initObject();
+    QCPItemText *addInvalidText(QCustomPlot *plot);
+
+    // List tab
+    void initListWidgets();
+    ListTemplateParam &activeListTemplate();
+    void listSpinBoxEditingFinished();
+    void cbListTempInverted_clicked(bool value);
+    void update_ui_from_list_tempparam(const ListTemplateParam &p);
+    void update_list_tempparam_from_ui(ListTemplateParam *p);
+    void make_list_data(const ListTemplateParam &p);
+    void make_list_plot_data(const QList<ListData> &list,
+                             bool voltage,
+                             QVector<double> &x,
+                             QVector<double> &y);
+    void update_list_plot(const ListTemplateParam &p, QVector<double> &x, QVector<double> &y);
+    void updateListGroupsWidget();
+    void update_list_data_model(const QList<ListData> &list);
+
+    // Delayer tab
+    void initDelayerWidgets();
+    DelayerTemplateParam &activeDelayerTemplate();
+    void delaySpinBoxEditingFinished();
+    void update_ui_from_delayer_tempparam(const DelayerTemplateParam &p);
+    void update_delayer_tempparam_from_ui(DelayerTemplateParam *p);
+    void make_delayer_data(const DelayerTemplateParam &p);
+    void make_delayer_plot_data(const QList<DelayerData> &list,
+                                QVector<double> &x,
+                                QVector<double> &y);
+    void update_delayer_plot(const DelayerTemplateParam &p, QVector<double> &x, QVector<double> &y);
+    void updateDelayerGroupsWidget();
+    void update_delayer_data_model(const QList<DelayerData> &list);
+
+    // Template settings
+    bool loadListTemplateParamsFromSettings();
+    bool loadDelayerTemplateParamsFromSettings();
+    void saveListTemplateParamsToSettings();
+    void saveDelayerTemplateParamsToSettings();
+
+    // Context menus
+    void listCreateContextMenu();
+    void delayerCreateContextMenu();
+    void runTableContextMenu(QTableView *view, void (DialogProgrammer::*refresh)());
+    // Append, Insert, Delete and Clear for `view`, without parent: the caller deletes them.
+    QList<QAction *> createTableMenuActions(QTableView *view, void (DialogProgrammer::*refresh)());
+
+    Ui::DialogProgrammer *ui = nullptr;
+
+    QVector<ListTemplateParam> listTemplateParams;
+    QList<ListData> listTemplateData;
+    QList<ListData> listData;
+    QVector<DelayerTemplateParam> delayerTemplateParams;
+    QList<DelayerData> delayerTemplateData;
+    QList<DelayerData> delayerData;
+    int listActiveType = 0;
+    int delayerActiveType = 0;
+
+    ListTemplateModel *listTemplateModel = nullptr;
+    ListDataModel *listDataModel = nullptr;
+    DelayerTemplateModel *delayerTemplateModel = nullptr;
+    DelayerModel *delayerDataModel = nullptr;
+
+    QCPCurve *listTemplateCurve = nullptr;
+    QCPCurve *listVoltageCurve = nullptr;
+    QCPCurve *listCurrentCurve = nullptr;
+    QCPCurve *delayerTemplateCurve = nullptr;
+    QCPCurve *delayerCurve = nullptr;
+    QCPItemText *listInvalidText = nullptr;
+    QCPItemText *delayerInvalidText = nullptr;
+
+    QStatusBar *statusBar = nullptr;
+    QProgressBar *progressBar = nullptr;
+    ProgrammerUploader *uploader = nullptr;
+};
+
+} // namespace tarn2::specific::orvo5000::programmer
