@@ -1,0 +1,36 @@
+// Turning (level, duration) steps into the points of a step curve.
+#include "plotvalues.h"
+
+#include <cmath>
+
+namespace tarn2::specific::orvo5000::programmer {
+
+void make_plot_values(const QVector<QVector<double>> &steps,
+                      QVector<double> &x,
+                      QVector<double> &y,
+                      Qt::Alignment alignment)
+{
+    x.clear();
+    y.clear();
+    const bool twoPoints = alignment == Qt::AlignRight;
+    const int points = twoPoints ? 2 * steps.size() : steps.size();
+    x.reserve(points);
+    y.reserve(points);
+
+    // A whole number kept in a double: no int to overflow on long sequences, and exactly the
+    // same truncation for any time a plot can show.
+    double t = 0.0;
+    for (const QVector<double> &step : steps) {
+        const double level = step.value(0);
+        const double duration = step.value(1);
+        x.append(t);
+        y.append(level);
+        t = std::trunc(t + duration);
+        if (twoPoints) {
+            x.append(t);
+            y.append(level);
+        }
+    }
+}
+
+} // namespace tarn2::specific::orvo5000::programmer
