@@ -260,7 +260,10 @@ void DialogProgrammer::updateDelayerGroupsWidget()
     delayerCurve->setData(x, y);
 
     QCustomPlot *plot = ui->plotDelayer;
-    plot->xAxis->setRange(0, x.isEmpty() ? 0.0 : x.last());
+    // The plot ignores a range of no width and would go on showing the scale of the steps that
+    // were there before, so an empty sequence, or one of zero-length steps, gets a unit range.
+    const double end = x.isEmpty() ? 0.0 : x.last();
+    plot->xAxis->setRange(0, end > 0 ? end : 1.0);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->setRange(0, 1);
     plot->yAxis->scaleRange(1.03);

@@ -391,9 +391,11 @@ void DialogProgrammer::update_list_plot(const ListTemplateParam &p,
     if (auto *title = qobject_cast<QCPTextElement *>(plot->plotLayout()->element(0, 0)))
         title->setText(ui->cbbListTempType->currentText());
     plot->yAxis->setLabel(p.object == 0 ? tr("Voltage(V)") : tr("Current(A)"));
-    // The axis ends one quantum before the last point, as it always has; an empty preview has
-    // no last point and keeps a unit range.
-    plot->xAxis->setRange(0, x.isEmpty() ? 1.0 : x.last() - 1.0);
+    // The axis ends one quantum before the last point, as it always has. The plot ignores a range
+    // of no width and would keep the scale of the previous preview, so a preview without steps,
+    // or of a single quantum, gets a unit range.
+    const double end = x.isEmpty() ? 0.0 : x.last() - 1.0;
+    plot->xAxis->setRange(0, end > 0 ? end : 1.0);
     plot->yAxis->setRange(range.first, range.second);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->scaleRange(1.01);
@@ -420,7 +422,10 @@ void DialogProgrammer::updateListGroupsWidget()
     const QPair<double, double> voltageRange = getVRangeOfChannel(channel);
     const QPair<double, double> currentRange = getCRangeOfChannel(channel);
     QCustomPlot *plot = ui->plotList;
-    plot->xAxis->setRange(0, x.isEmpty() ? 0.0 : x.last());
+    // The plot ignores a range of no width and would go on showing the scale of the steps that
+    // were there before, so an empty sequence, or one of zero-length steps, gets a unit range.
+    const double end = x.isEmpty() ? 0.0 : x.last();
+    plot->xAxis->setRange(0, end > 0 ? end : 1.0);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->setRange(voltageRange.first, voltageRange.second);
     plot->yAxis->scaleRange(1.03);
