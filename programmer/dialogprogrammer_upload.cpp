@@ -58,6 +58,9 @@ void DialogProgrammer::setupUploader(UploadMode mode)
         [this, mode](int count) {
             setEnabled(false);
             progressBar->setRange(0, count);
+            // The bar counts the steps handed out; without this a second run would open on the
+            // last run's full bar.
+            progressBar->setValue(0);
             progressBar->show();
             UploadParam param = getUploadParamFromUI(mode);
             param.maxCount = count;
