@@ -1,7 +1,7 @@
 // Turning a List or Delayer template into steps.
 #include "sequencebuilder.h"
 
-#include "generator/delayergenerator.h"
+#include "generator/delayergenerator_p.h"
 #include "generator/expwavegenerator.h"
 #include "generator/listgenerator_p.h"
 #include "generator/pulsewavegenerator.h"
@@ -110,10 +110,19 @@ qint64 list_wave_step_count(const ListTemplateParam &param)
 
 qint64 delayer_wave_step_count(const DelayerTemplateParam &param)
 {
-    const std::unique_ptr<DelayerGenerator> generator = makeDelayerGenerator(param, tickScale());
-    if (!generator || !generator->isValid())
-        return 0;
-    return qMax(0, param.groups);
+    switch (param.type) {
+    case DelayerFixTime:
+    case DelayerIncrease:
+        return qMax(0, param.groups);
+    case DelayerDecline: {
+        const double scale = tickScale();
+        if (!detail::declineIsValid(
+                param.groups, param.decBaseValue * scale, param.decStep * scale))
+            return 0;
+        return qMax(0, param.groups);
+    }
+    }
+    return 0;
 }
 
 QList<ListData> make_list_wave(const ListTemplateParam &param)

@@ -109,9 +109,8 @@ double DecreaseGenerator::time(int i) const
 
 bool DecreaseGenerator::isValid() const
 {
-    // The count is taken as a double so that no count can overflow on the way.
     const auto d = delayerPrivate(d_ptr);
-    return (static_cast<double>(d->count) - 1.0) * d->step < d->baseValue;
+    return detail::declineIsValid(d->count, d->baseValue, d->step);
 }
 
 } // namespace tarn2::specific::orvo5000

@@ -18,4 +18,15 @@ public:
     double step = 0.0;
 };
 
+namespace detail {
+
+// A Decline is usable while its last step stays longer than zero. The count is taken as a double
+// so that no count can overflow on the way.
+inline bool declineIsValid(int count, double baseValue, double step)
+{
+    return (static_cast<double>(count) - 1.0) * step < baseValue;
+}
+
+} // namespace detail
+
 } // namespace tarn2::specific::orvo5000
