@@ -22,13 +22,14 @@ void screenFindings(QtMsgType type, const QMessageLogContext &context, const QSt
                                       "Actual (model->parent(childIndex))",
                                       "Actual (model->data(model->index(end + 1, 0, c.parent)))",
                                       "Actual (model->data(model->index(start, 0, c.parent)))"};
-    if (qstrcmp(context.category, "qt.modeltest") == 0) {
-        if (std::none_of(byDesign.cbegin(), byDesign.cend(), [&](const QString &s) {
-                return text.contains(s);
-            }))
-            unexpectedFindings << text;
-    } else if (type != QtDebugMsg) { // the tester's dumps of the rows it compared
-        passOn(type, context, text);
+    const auto known = [&](const QString &statement) {
+        return text.contains(statement);
+    };
+    if (qstrcmp(context.category, "qt.modeltest") != 0) {
+        if (type != QtDebugMsg) // the tester's dumps of the rows it compared
+            passOn(type, context, text);
+    } else if (std::none_of(byDesign.cbegin(), byDesign.cend(), known)) {
+        unexpectedFindings << text;
     }
 }
 constexpr auto findingsAsWarnings = QAbstractItemModelTester::FailureReportingMode::Warning;
@@ -95,33 +96,23 @@ private slots:
         QTest::newRow("insert 2 at 1")
             << "insert" << 1 << 2 << true << "on1 on0 on0 off2 on3 off4 on5"
             << QVariantList({root, 1, 2});
-        QTest::newRow("insert at the end")
-            << "insert" << 5 << 1 << true << "on1 off2 on3 off4 on5 on0"
-            << QVariantList({root, 5, 5});
         QTest::newRow("insert past the end")
             << "insert" << 6 << 1 << false << five << QVariantList();
-        QTest::newRow("insert at -1") << "insert" << -1 << 1 << false << five << QVariantList();
         QTest::newRow("insert none") << "insert" << 0 << 0 << false << five << QVariantList();
         QTest::newRow("insert overflowing")
             << "insert" << 1 << max << false << five << QVariantList();
         QTest::newRow("remove 3..12")
             << "remove" << 3 << 10 << true << "on1 off2 on3" << QVariantList({root, 3, 4});
-        QTest::newRow("remove -1..1")
-            << "remove" << -1 << 3 << true << "on3 off4 on5" << QVariantList({root, 0, 1});
         QTest::newRow("remove overflowing")
             << "remove" << 2 << max << true << "on1 off2" << QVariantList({root, 2, 4});
         QTest::newRow("remove past the end")
             << "remove" << 5 << 1 << true << five << QVariantList();
-        QTest::newRow("remove none") << "remove" << 1 << 0 << true << five << QVariantList();
         QTest::newRow("steps before 2")
             << "steps" << 2 << 2 << true << "on1 off2 off-1 on-2 on3 off4 on5"
             << QVariantList({root, 2, 3});
         QTest::newRow("steps at -1 append")
             << "steps" << -1 << 2 << true << "on1 off2 on3 off4 on5 off-1 on-2"
             << QVariantList({root, 5, 6});
-        QTest::newRow("steps at 5 append")
-            << "steps" << 5 << 1 << true << "on1 off2 on3 off4 on5 off-1"
-            << QVariantList({root, 5, 5});
         QTest::newRow("no steps") << "steps" << 2 << 0 << true << five << QVariantList();
     }
     void rowOperations()
