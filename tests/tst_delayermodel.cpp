@@ -149,17 +149,6 @@ private slots:
         }
     }
 
-    void insertedStepShowsOnAndZeroTime()
-    {
-        QList<DelayerData> steps;
-        DelayerModel model(steps, nullptr);
-        QAbstractItemModelTester tester(&model, findingsAsWarnings);
-        QVERIFY(model.insertRows(model.rowCount(), 1));
-        QCOMPARE(model.index(0, 1).data().toString(), QStringLiteral("ON"));
-        QCOMPARE(model.index(0, 2).data().toString(), QStringLiteral("0.00"));
-        QCOMPARE(model.index(0, 1).data(Qt::EditRole), QVariant(true));
-    }
-
     void appendsSignalTheirRows()
     {
         QList<DelayerData> steps = fiveSteps().mid(0, 2);
