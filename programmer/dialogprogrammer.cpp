@@ -9,6 +9,7 @@
 #include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QEvent>
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -125,6 +126,35 @@ QCPItemText *DialogProgrammer::addInvalidText(QCustomPlot *plot)
     text->setText(tr("Invalid"));
     text->setVisible(false);
     return text;
+}
+
+// The frame all four step plots share: time along the bottom without ticks, framed by a visible
+// top and right axis; previews carry a bold title row above the axis rectangle.
+void DialogProgrammer::prepareStepPlot(QCustomPlot *plot, StepPlotFrame frame)
+{
+    plot->setMinimumHeight(200);
+    plot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    plot->legend->setVisible(frame.legend);
+    plot->xAxis->setTicks(false);
+    plot->xAxis2->setVisible(true);
+    plot->xAxis2->setTicks(false);
+    plot->yAxis->setTicks(frame.valueTicks);
+    plot->yAxis2->setVisible(true);
+    plot->yAxis2->setTicks(frame.rightTicks);
+    if (frame.title) {
+        QFont titleFont = font();
+        titleFont.setPointSize(9);
+        titleFont.setWeight(QFont::Bold);
+        plot->plotLayout()->insertRow(0);
+        plot->plotLayout()->addElement(0, 0, new QCPTextElement(plot, QString(), titleFont));
+    }
+}
+
+void DialogProgrammer::showStepTable(QTableView *view, QAbstractItemModel *model)
+{
+    view->setModel(model);
+    view->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    view->setSelectionBehavior(QAbstractItemView::SelectItems);
 }
 
 void DialogProgrammer::showInfo(const QString &text, int timeout)

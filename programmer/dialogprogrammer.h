@@ -8,6 +8,7 @@
 #include <QList>
 #include <QVector>
 
+class QAbstractItemModel;
 class QAction;
 class QCPCurve;
 class QCPItemText;
@@ -102,6 +103,15 @@ private:
     void initWidget();
     void initObject();
     QCPItemText *addInvalidText(QCustomPlot *plot);
+    struct StepPlotFrame
+    {
+        bool legend;
+        bool valueTicks;
+        bool rightTicks;
+        bool title;
+    };
+    void prepareStepPlot(QCustomPlot *plot, StepPlotFrame frame);
+    void showStepTable(QTableView *view, QAbstractItemModel *model);
 
     // List tab
     void initListWidgets();

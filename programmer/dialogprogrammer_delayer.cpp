@@ -10,8 +10,6 @@
 #include "plotvalues.h"
 #include "sequencebuilder.h"
 
-#include <QHeaderView>
-
 #include <qcustomplot.h>
 
 #include <cmath>
@@ -42,24 +40,14 @@ void DialogProgrammer::initDelayerWidgets()
     ui->cbbDelayerCH->setCurrentIndex(0);
 
     QCustomPlot *plot = ui->plotDelayer;
-    plot->setMinimumHeight(200);
-    plot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    plot->legend->setVisible(false);
-    plot->xAxis->setTicks(false);
+    prepareStepPlot(plot, {false, false, false, false});
     plot->xAxis->setRange(0, 100);
-    plot->xAxis2->setVisible(true);
-    plot->xAxis2->setTicks(false);
-    plot->yAxis->setTicks(false);
     plot->yAxis->setRange(0, 1);
-    plot->yAxis2->setVisible(true);
-    plot->yAxis2->setTicks(false);
     delayerCurve = new QCPCurve(plot->xAxis, plot->yAxis);
     delayerCurve->setPen(QPen(voltageColor()));
 
     delayerTemplateModel = new DelayerTemplateModel(delayerTemplateData, ui->tvDelayerTemplate);
-    ui->tvDelayerTemplate->setModel(delayerTemplateModel);
-    ui->tvDelayerTemplate->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    ui->tvDelayerTemplate->setSelectionBehavior(QAbstractItemView::SelectItems);
+    showStepTable(ui->tvDelayerTemplate, delayerTemplateModel);
 
     delayerDataModel = new DelayerModel(delayerData, ui->tvDelayer);
     connect(delayerDataModel,
@@ -67,26 +55,11 @@ void DialogProgrammer::initDelayerWidgets()
             this,
             &DialogProgrammer::updateDelayerGroupsWidget);
     ui->tvDelayer->setItemDelegate(new ComboBoxDelegate(ui->tvDelayer));
-    ui->tvDelayer->setModel(delayerDataModel);
-    ui->tvDelayer->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    ui->tvDelayer->setSelectionBehavior(QAbstractItemView::SelectItems);
+    showStepTable(ui->tvDelayer, delayerDataModel);
     ui->tvDelayer->installEventFilter(this);
 
     plot = ui->plotDelayerTemplate;
-    plot->setMinimumHeight(200);
-    plot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    plot->legend->setVisible(false);
-    plot->xAxis->setTicks(false);
-    plot->xAxis2->setVisible(true);
-    plot->xAxis2->setTicks(false);
-    plot->yAxis->setTicks(false);
-    plot->yAxis2->setVisible(true);
-    plot->yAxis2->setTicks(false);
-    QFont titleFont = font();
-    titleFont.setPointSize(9);
-    titleFont.setWeight(QFont::Bold);
-    plot->plotLayout()->insertRow(0);
-    plot->plotLayout()->addElement(0, 0, new QCPTextElement(plot, QString(), titleFont));
+    prepareStepPlot(plot, {false, false, false, true});
     plot->xAxis->setRange(0, 100);
     plot->yAxis->setRange(0, 1);
     delayerTemplateCurve = new QCPCurve(plot->xAxis, plot->yAxis);

@@ -10,8 +10,6 @@
 #include "plotvalues.h"
 #include "sequencebuilder.h"
 
-#include <QHeaderView>
-
 #include <qcustomplot.h>
 
 #include <cmath>
@@ -78,18 +76,11 @@ void DialogProgrammer::initListWidgets()
     ui->cbbListCH->setCurrentIndex(0);
 
     QCustomPlot *plot = ui->plotList;
-    plot->setMinimumHeight(200);
-    plot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    plot->legend->setVisible(true);
-    plot->xAxis->setTicks(false);
+    prepareStepPlot(plot, {true, true, true, false});
     plot->xAxis->setRange(0, 100);
-    plot->xAxis2->setVisible(true);
-    plot->xAxis2->setTicks(false);
     plot->yAxis->setLabel(tr("Voltage(V)"));
     plot->yAxis->setRange(0, 35);
     plot->yAxis2->setLabel(tr("Current(A)"));
-    plot->yAxis2->setVisible(true);
-    plot->yAxis2->setTicks(true);
     listVoltageCurve = new QCPCurve(plot->xAxis, plot->yAxis);
     listVoltageCurve->setName(tr("Voltage"));
     listVoltageCurve->setPen(QPen(voltageColor()));
@@ -98,9 +89,7 @@ void DialogProgrammer::initListWidgets()
     listCurrentCurve->setPen(QPen(currentColor()));
 
     listTemplateModel = new ListTemplateModel(listTemplateData, ui->tvListTemplate);
-    ui->tvListTemplate->setModel(listTemplateModel);
-    ui->tvListTemplate->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    ui->tvListTemplate->setSelectionBehavior(QAbstractItemView::SelectItems);
+    showStepTable(ui->tvListTemplate, listTemplateModel);
 
     listDataModel = new ListDataModel(listData, ui->tvList);
     connect(listDataModel,
@@ -108,25 +97,11 @@ void DialogProgrammer::initListWidgets()
             this,
             &DialogProgrammer::updateListGroupsWidget);
     ui->tvList->setItemDelegate(new FloatDelegate(ui->tvList));
-    ui->tvList->setModel(listDataModel);
-    ui->tvList->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    ui->tvList->setSelectionBehavior(QAbstractItemView::SelectItems);
+    showStepTable(ui->tvList, listDataModel);
     ui->tvList->installEventFilter(this);
 
     plot = ui->plotListTemplate;
-    plot->setMinimumHeight(200);
-    plot->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
-    plot->legend->setVisible(false);
-    plot->xAxis->setTicks(false);
-    plot->xAxis2->setVisible(true);
-    plot->xAxis2->setTicks(false);
-    plot->yAxis2->setVisible(true);
-    plot->yAxis2->setTicks(false);
-    QFont titleFont = font();
-    titleFont.setPointSize(9);
-    titleFont.setWeight(QFont::Bold);
-    plot->plotLayout()->insertRow(0);
-    plot->plotLayout()->addElement(0, 0, new QCPTextElement(plot, QString(), titleFont));
+    prepareStepPlot(plot, {false, true, false, true});
     plot->xAxis->setRange(0, 100);
     plot->yAxis->setRange(0, 35);
     listTemplateCurve = new QCPCurve(plot->xAxis, plot->yAxis);
