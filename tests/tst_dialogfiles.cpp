@@ -27,19 +27,13 @@ constexpr qint64 kBadInputBudgetMsec = 10000;
 constexpr qint64 kBadInputBudgetMsec = 1000;
 #endif
 
-Option hostOption(int maxCount = 2048, int vDecimals = 3, int cDecimals = 3, int tDecimals = 3)
+// The host's instrument: four channels of 0-32 V and 0-3.2 A, with `v`, `c` and `t` decimals for
+// volts, amperes and seconds.
+Option hostOption(int maxCount = 2048, int v = 3, int c = 3, int t = 3)
 {
-    Option option;
-    option.name = QStringLiteral("File Bench");
-    option.timeDecimals = tDecimals;
-    option.timeMin = 0.001;
-    option.timeMax = 99999;
-    option.voltageDecimals = vDecimals;
-    option.currentDecimals = cDecimals;
+    Option option{QStringLiteral("Files"), t, 0.001, 99999, v, c, {}, maxCount, true, true, true};
     for (int i = 1; i <= 4; ++i)
         option.channels.append({QStringLiteral("CH%1").arg(i), {{0.0, 32.0}, {0.0, 3.2}}});
-    option.maxCount = maxCount;
-    option.saveEnabled = option.loadEnabled = option.uploadEnabled = true;
     return option;
 }
 
@@ -248,11 +242,11 @@ void TestDialogFiles::saveAndReload_data()
                  "No.,Voltage(V),Current(A),Time(s)|0,5.000,1.500,0.250|1,32.000,0.001,99999.000")
         << QStringList();
     QTest::newRow("list by button, other decimals")
-        << false << true << 140 << 99999 << 0
+        << false << true << 143 << 99999 << 0
         << lines("mode 0 channel 2 max 2048 cycles 99999 end OFF|5 1.5 0.25|32 0.001 99999|written")
         << lines("LIST,10|Cycles,99999|End Status,Output Off|Groups,2|"
-                 "No.,Voltage(V),Current(A),Time(s)|0,5.0,1.5000,0|1,32.0,0.0010,99999")
-        << lines("5 1.5 0|32 0.001 99999");
+                 "No.,Voltage(V),Current(A),Time(s)|0,5.0,1.5000,0.250|1,32.0,0.0010,99999.000")
+        << lines("5 1.5 0.25|32 0.001 99999");
     QTest::newRow("delayer, last")
         << true << false << 333 << 10 << 2
         << lines("mode 1 channel 2 max 2048 cycles 10 end LAST|On 1|Off 2.5|written")

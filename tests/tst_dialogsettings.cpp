@@ -16,19 +16,12 @@ using DelayerParams = QVector<DelayerTemplateParam>;
 
 namespace {
 
+// The host's instrument: four channels of 0-32 V and 0-3.2 A, millisecond steps.
 Option hostOption(const QString &name)
 {
-    Option option;
-    option.name = name;
-    option.timeDecimals = 3;
-    option.timeMin = 0.001;
-    option.timeMax = 99999;
-    option.voltageDecimals = 3;
-    option.currentDecimals = 3;
+    Option option{name, 3, 0.001, 99999, 3, 3, {}, 2048, true, true, true};
     for (int i = 1; i <= 4; ++i)
         option.channels.append({QStringLiteral("CH%1").arg(i), {{0.0, 32.0}, {0.0, 3.2}}});
-    option.maxCount = 2048;
-    option.saveEnabled = option.loadEnabled = option.uploadEnabled = true;
     return option;
 }
 

@@ -18,19 +18,13 @@ using namespace tarn2::specific::orvo5000::programmer;
 
 namespace {
 
+// The host's instrument: four channels of 0-32 V and 0-3.2 A, millisecond steps.
 Option hostOption(int maxCount)
 {
-    Option option;
-    option.name = QStringLiteral("Upload Bench");
-    option.timeDecimals = 3;
-    option.timeMin = 0.001;
-    option.timeMax = 99999;
-    option.voltageDecimals = 3;
-    option.currentDecimals = 3;
+    Option option{
+        QStringLiteral("Upload Bench"), 3, 0.001, 99999, 3, 3, {}, maxCount, true, true, true};
     for (int i = 1; i <= 4; ++i)
         option.channels.append({QStringLiteral("CH%1").arg(i), {{0.0, 32.0}, {0.0, 3.2}}});
-    option.maxCount = maxCount;
-    option.saveEnabled = option.loadEnabled = option.uploadEnabled = true;
     return option;
 }
 
@@ -81,19 +75,13 @@ public:
                        .arg(i)
                        .arg(describe(data), state(), selectedRows());
         });
-        QObject::connect(&dialog, &D::uploaderFinished, &context, [this] {
-            record(QStringLiteral("finished"));
-        });
+        note(&D::uploaderFinished, "finished");
         QObject::connect(&dialog, &D::uploaderError, &context, [this](const QString &e) {
             record(QStringLiteral("error ") + e);
         });
-        QObject::connect(
-            &dialog, &D::uploaderStoped, &context, [this] { record(QStringLiteral("stoped")); });
-        QObject::connect(
-            &dialog, &D::listSaveToCSV, &context, [this] { record(QStringLiteral("list save")); });
-        QObject::connect(&dialog, &D::delayerSaveToCSV, &context, [this] {
-            record(QStringLiteral("delayer save"));
-        });
+        note(&D::uploaderStoped, "stoped");
+        note(&D::listSaveToCSV, "list save");
+        note(&D::delayerSaveToCSV, "delayer save");
     }
 
     template<typename T> T *child(const char *list, const char *other)
@@ -147,6 +135,12 @@ public:
     bool delayer;
 
 private:
+    template<typename Signal> void note(Signal signal, const char *event)
+    {
+        QObject::connect(
+            &dialog, signal, &context, [this, event] { record(QLatin1String(event)); });
+    }
+
     void record(const QString &event) { log << event + QStringLiteral(" | ") + state(); }
 
     QProgressBar *bar;
