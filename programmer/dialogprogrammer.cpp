@@ -43,6 +43,12 @@ DialogProgrammer::~DialogProgrammer()
     saveListTemplateParamsToSettings();
     saveDelayerTemplateParamsToSettings();
     delete uploader;
+    // The models refer to the step lists, which go before the widgets do; a table still shown
+    // would ask its model for rows while it is torn down. The tables take their models along.
+    delete ui->tvListTemplate;
+    delete ui->tvList;
+    delete ui->tvDelayerTemplate;
+    delete ui->tvDelayer;
     delete ui;
 }
 
