@@ -2,6 +2,7 @@
 #include "delayertemplatemodel.h"
 
 #include "helper.h"
+#include "stepcells.h"
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -46,8 +47,7 @@ QVariant DelayerTemplateModel::data(const QModelIndex &index, int role) const
             // The instrument's own words for the output state; they are not translated.
             return step.state ? QStringLiteral("ON") : QStringLiteral("OFF");
         case ColumnTime:
-            return QStringLiteral("%1").arg(
-                step.time, 0, 'f', Helper::getInstance().option.timeDecimals, QLatin1Char(' '));
+            return stepcells::number(step.time, Helper::getInstance().option.timeDecimals);
         }
         break;
     case Qt::EditRole:
@@ -86,10 +86,7 @@ bool DelayerTemplateModel::setData(const QModelIndex &index, const QVariant &val
 
 QVariant DelayerTemplateModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= m_headers.size())
-        return {};
-    return m_headers.at(section);
+    return stepcells::header(m_headers, section, orientation, role);
 }
 
 Qt::ItemFlags DelayerTemplateModel::flags(const QModelIndex &index) const

@@ -1,18 +1,11 @@
 // The editable List step table: display texts, edits and the row operations of the dialog.
 #include "listdatamodel.h"
 
-#include "helper.h"
+#include "stepcells.h"
 
 #include <limits>
 
 namespace tarn2::specific::orvo5000::programmer {
-
-namespace {
-QString formatted(double value, int decimals)
-{
-    return QStringLiteral("%1").arg(value, 0, 'f', decimals, QLatin1Char(' '));
-}
-} // namespace
 
 ListDataModel::ListDataModel(QList<ListData> &data, QObject *parent)
     : QAbstractTableModel(parent)
@@ -45,38 +38,7 @@ QVariant ListDataModel::data(const QModelIndex &index, int role) const
 {
     if (!isInRange(index))
         return {};
-    const int row = index.row();
-    const ListData &step = m_data.at(row);
-    const Option &option = Helper::getInstance().option;
-    switch (role) {
-    case Qt::DisplayRole:
-        switch (index.column()) {
-        case ColumnNo:
-            return row;
-        case ColumnVoltage:
-            return formatted(step.voltage, option.voltageDecimals);
-        case ColumnCurrent:
-            return formatted(step.current, option.currentDecimals);
-        case ColumnTime:
-            return formatted(step.time, option.timeDecimals);
-        }
-        break;
-    case Qt::EditRole:
-        switch (index.column()) {
-        case ColumnNo:
-            return row;
-        case ColumnVoltage:
-            return step.voltage;
-        case ColumnCurrent:
-            return step.current;
-        case ColumnTime:
-            return step.time;
-        }
-        break;
-    case Qt::TextAlignmentRole:
-        return static_cast<int>(Qt::AlignCenter);
-    }
-    return {};
+    return stepcells::listCell(m_data.at(index.row()), index.row(), index.column(), role);
 }
 
 bool ListDataModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -102,10 +64,7 @@ bool ListDataModel::setData(const QModelIndex &index, const QVariant &value, int
 
 QVariant ListDataModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= m_headers.size())
-        return {};
-    return m_headers.at(section);
+    return stepcells::header(m_headers, section, orientation, role);
 }
 
 Qt::ItemFlags ListDataModel::flags(const QModelIndex &index) const

@@ -1,15 +1,11 @@
 // The List template preview table: the steps of the current template, shown read-only.
 #include "listtemplatemodel.h"
 
-#include "helper.h"
+#include "stepcells.h"
 
 namespace tarn2::specific::orvo5000::programmer {
 
 namespace {
-QString formatted(double value, int decimals)
-{
-    return QStringLiteral("%1").arg(value, 0, 'f', decimals, QLatin1Char(' '));
-}
 
 // What setData() stores into a step's time, whatever value it is handed: a deliberate rule of
 // the preview, kept as it stands (the views never edit the preview anyway).
@@ -46,38 +42,7 @@ QVariant ListTemplateModel::data(const QModelIndex &index, int role) const
 {
     if (!isInRange(index))
         return {};
-    const int row = index.row();
-    const ListData &step = m_data.at(row);
-    const Option &option = Helper::getInstance().option;
-    switch (role) {
-    case Qt::DisplayRole:
-        switch (index.column()) {
-        case ColumnNo:
-            return row;
-        case ColumnVoltage:
-            return formatted(step.voltage, option.voltageDecimals);
-        case ColumnCurrent:
-            return formatted(step.current, option.currentDecimals);
-        case ColumnTime:
-            return formatted(step.time, option.timeDecimals);
-        }
-        break;
-    case Qt::EditRole:
-        switch (index.column()) {
-        case ColumnNo:
-            return row;
-        case ColumnVoltage:
-            return step.voltage;
-        case ColumnCurrent:
-            return step.current;
-        case ColumnTime:
-            return step.time;
-        }
-        break;
-    case Qt::TextAlignmentRole:
-        return static_cast<int>(Qt::AlignCenter);
-    }
-    return {};
+    return stepcells::listCell(m_data.at(index.row()), index.row(), index.column(), role);
 }
 
 bool ListTemplateModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -102,10 +67,7 @@ bool ListTemplateModel::setData(const QModelIndex &index, const QVariant &value,
 
 QVariant ListTemplateModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0
-        || section >= m_headers.size())
-        return {};
-    return m_headers.at(section);
+    return stepcells::header(m_headers, section, orientation, role);
 }
 
 Qt::ItemFlags ListTemplateModel::flags(const QModelIndex &index) const
