@@ -93,5 +93,29 @@ TARN2_SPECIFIC_EXPORT void resetDelayerTemplateParams(QVector<DelayerTemplatePar
 
 Q_DECLARE_METATYPE(tarn2::specific::orvo5000::programmer::ListTemplateParam)
 Q_DECLARE_METATYPE(tarn2::specific::orvo5000::programmer::DelayerTemplateParam)
-Q_DECLARE_METATYPE(QVector<tarn2::specific::orvo5000::programmer::ListTemplateParam>)
-Q_DECLARE_METATYPE(QVector<tarn2::specific::orvo5000::programmer::DelayerTemplateParam>)
+// The settings store a vector under its meta-type name, so the vectors are known by the short
+// names that stored settings carry, not by the fully qualified ones Q_DECLARE_METATYPE would give.
+#define TARN2_DECLARE_TEMPLATE_VECTOR(ELEMENT, NAME)                                               \
+    QT_BEGIN_NAMESPACE                                                                             \
+    template<>                                                                                     \
+    struct QMetaTypeId<QVector<ELEMENT>>                                                           \
+    {                                                                                              \
+        enum { Defined = 1 };                                                                      \
+        static int qt_metatype_id()                                                                \
+        {                                                                                          \
+            static QBasicAtomicInt id = Q_BASIC_ATOMIC_INITIALIZER(0);                             \
+            if (const int known = id.loadAcquire())                                                \
+                return known;                                                                      \
+            const int registered = qRegisterMetaType<QVector<ELEMENT>>(                            \
+                NAME, reinterpret_cast<QVector<ELEMENT> *>(quintptr(-1)));                         \
+            id.storeRelease(registered);                                                           \
+            return registered;                                                                     \
+        }                                                                                          \
+    };                                                                                             \
+    QT_END_NAMESPACE
+
+TARN2_DECLARE_TEMPLATE_VECTOR(tarn2::specific::orvo5000::programmer::ListTemplateParam,
+                              "QVector<programmer::ListTemplateParam>")
+TARN2_DECLARE_TEMPLATE_VECTOR(tarn2::specific::orvo5000::programmer::DelayerTemplateParam,
+                              "QVector<programmer::DelayerTemplateParam>")
+#undef TARN2_DECLARE_TEMPLATE_VECTOR

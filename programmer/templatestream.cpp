@@ -185,12 +185,11 @@ void registerProgrammerMetaTypes()
     qRegisterMetaType<QList<ListData>>("QList<programmer::ListData>");
     qRegisterMetaType<QList<DelayerData>>("QList<programmer::DelayerData>");
 
-    // The short names are the ones the settings format knows the vectors by; the fully qualified
-    // names that the meta-type system derives by itself stay registered alongside them.
+    // qMetaTypeId registers the vectors under the short names the settings know them by.
     qRegisterMetaTypeStreamOperators<QVector<ListTemplateParam>>(
-        "QVector<programmer::ListTemplateParam>");
+        QMetaType::typeName(qMetaTypeId<QVector<ListTemplateParam>>()));
     qRegisterMetaTypeStreamOperators<QVector<DelayerTemplateParam>>(
-        "QVector<programmer::DelayerTemplateParam>");
+        QMetaType::typeName(qMetaTypeId<QVector<DelayerTemplateParam>>()));
 }
 
 } // namespace tarn2::specific::orvo5000::programmer
