@@ -4,6 +4,7 @@
 
 #include "helper.h"
 #include "programmeruploader.h"
+#include "sequencebuilder.h"
 #include "templatestream.h"
 
 #include <QAbstractSpinBox>
@@ -173,6 +174,14 @@ void DialogProgrammer::showError(const QString &text, int timeout)
 {
     statusBar->setStyleSheet(QStringLiteral("color:#ff0000"));
     statusBar->showMessage(text, timeout);
+}
+
+void DialogProgrammer::showTemplateRefused(qint64 count)
+{
+    showError(tr("This template would make %1 steps; at most %2 are allowed")
+                  .arg(count)
+                  .arg(kMaxTemplateSteps),
+              5000);
 }
 
 bool DialogProgrammer::eventFilter(QObject *watched, QEvent *event)

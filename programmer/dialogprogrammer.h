@@ -103,6 +103,8 @@ private:
     void initWidget();
     void initObject();
     QCPItemText *addInvalidText(QCustomPlot *plot);
+    // The red status message of a template refused for the number of steps it would make.
+    void showTemplateRefused(qint64 count);
     struct StepPlotFrame
     {
         bool legend;

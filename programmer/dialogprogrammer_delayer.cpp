@@ -167,10 +167,7 @@ void DialogProgrammer::make_delayer_data(const DelayerTemplateParam &p)
     const qint64 count = delayer_wave_step_count(p);
     if (count > kMaxTemplateSteps) {
         delayerTemplateData.clear();
-        showError(tr("This template would make %1 steps; at most %2 are allowed")
-                      .arg(count)
-                      .arg(kMaxTemplateSteps),
-                  5000);
+        showTemplateRefused(count);
     } else {
         delayerTemplateData = make_delayer_wave(p);
     }

@@ -5,6 +5,7 @@
 #include "delayermodel.h"
 #include "helper.h"
 #include "listdatamodel.h"
+#include "stepcells.h"
 
 #include <character.h>
 
@@ -26,11 +27,6 @@ QString endStateName(int index)
                                     QStringLiteral("Output On"),
                                     QStringLiteral("Last")};
     return index >= 0 && index < 3 ? names[index] : QString();
-}
-
-QString number(double value, int decimals)
-{
-    return QString::number(value, 'f', qBound(0, decimals, 99));
 }
 
 QList<QString> headerLines(const QString &tag, int cycles, int endStateIndex, int groups)
@@ -102,9 +98,9 @@ bool DialogProgrammer::listSaveData(const QString &path, const QList<ListData> &
         const ListData &step = datas.at(i);
         lines.append(QStringLiteral("%1,%2,%3,%4")
                          .arg(QString::number(i),
-                              number(step.voltage, option.voltageDecimals),
-                              number(step.current, option.currentDecimals),
-                              number(step.time, option.timeDecimals)));
+                              stepcells::number(step.voltage, option.voltageDecimals),
+                              stepcells::number(step.current, option.currentDecimals),
+                              stepcells::number(step.time, option.timeDecimals)));
     }
     return Character::csvSave(path, lines);
 }
@@ -123,7 +119,7 @@ bool DialogProgrammer::delayerSaveData(const QString &path, const QList<DelayerD
         lines.append(QStringLiteral("%1,%2,%3")
                          .arg(QString::number(i),
                               step.state ? QStringLiteral("On") : QStringLiteral("Off"),
-                              number(step.time, option.timeDecimals)));
+                              stepcells::number(step.time, option.timeDecimals)));
     }
     return Character::csvSave(path, lines);
 }

@@ -319,10 +319,7 @@ void DialogProgrammer::make_list_data(const ListTemplateParam &p)
         listTemplateModel->setSourceData(listTemplateData);
         listInvalidText->setVisible(true);
         update_list_plot(p, x, y);
-        showError(tr("This template would make %1 steps; at most %2 are allowed")
-                      .arg(count)
-                      .arg(kMaxTemplateSteps),
-                  5000);
+        showTemplateRefused(count);
         return;
     }
     listInvalidText->setVisible(false);
