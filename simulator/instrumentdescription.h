@@ -1,0 +1,64 @@
+// What an instrument is: its identity, its limits and its channels, as a description file says.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QVector>
+
+#include <optional>
+
+namespace tarn::sim {
+
+struct Range
+{
+    double min = 0.0;
+    double max = 0.0;
+};
+
+struct ChannelDescription
+{
+    QString name;
+    Range voltage; // V
+    Range current; // A
+};
+
+// InstrumentDescription is read from a JSON file by the simulated supply and by the bench host,
+// so both sides of the wire agree on ranges, decimals, time limits and the longest sequence.
+// `commands` maps our command words to another dialect's (empty: our own command set).
+struct InstrumentDescription
+{
+    QString maker;
+    QString model;
+    QString serial;
+    QString firmware;
+    int timeDecimals = 3;
+    double timeMin = 0.001;
+    double timeMax = 99999.0;
+    int voltageDecimals = 3;
+    int currentDecimals = 3;
+    int maxCount = 2048;
+    QVector<ChannelDescription> channels;
+    QHash<QString, QString> commands;
+
+    // The reply to *IDN?: maker, model, serial and firmware separated by commas.
+    QString identity() const;
+
+    // The supply the bench host programs when it is given no description.
+    static InstrumentDescription builtIn();
+
+    // Refuses a damaged or incomplete description as a whole; *error names the field and why.
+    static std::optional<InstrumentDescription> fromJson(const QByteArray &json, QString *error);
+    static std::optional<InstrumentDescription> fromFile(const QString &path, QString *error);
+    QByteArray toJson() const;
+};
+
+// Bounds a description must keep, so that a hostile file cannot make either program huge.
+namespace limits {
+constexpr int maxChannels = 64;
+constexpr int maxCount = 100000;
+constexpr int maxDecimals = 6;
+constexpr qint64 maxFileBytes = 1 << 20;
+constexpr int maxTextLength = 64;
+} // namespace limits
+
+} // namespace tarn::sim

@@ -1,0 +1,174 @@
+// tarn_supply_sim: the simulated supply as a LAN instrument on a raw command socket.
+#include "instrumentdescription.h"
+#include "supplyengine.h"
+#include "supplyserver.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace tarn::sim;
+
+namespace {
+
+int signalPipe[2] = {-1, -1};
+
+void onSignal(int)
+{
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t n = ::write(signalPipe[1], &byte, 1);
+}
+
+// SIGINT and SIGTERM end the event loop through a socket pair, the one thing a handler may touch.
+void quitOnSignals(QCoreApplication *app)
+{
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, signalPipe) != 0)
+        return;
+    auto *notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, app);
+    QObject::connect(notifier, &QSocketNotifier::activated, app, [] {
+        char byte;
+        [[maybe_unused]] const ssize_t n = ::read(signalPipe[0], &byte, 1);
+        QCoreApplication::quit();
+    });
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
+int fail(const QString &message)
+{
+    std::fprintf(stderr, "tarn_supply_sim: %s\n", qPrintable(message));
+    return 2;
+}
+
+bool readInt(const QCommandLineParser &parser, const QCommandLineOption &option, int *value)
+{
+    if (!parser.isSet(option))
+        return true;
+    bool ok = false;
+    *value = parser.value(option).toInt(&ok);
+    return ok && *value >= 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("tarn_supply_sim"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("A simulated multi-channel bench supply that holds, checks and plays List "
+                       "and Delayer sequences behind a raw SCPI socket."));
+    parser.addHelpOption();
+    const QCommandLineOption listen(
+        QStringLiteral("listen"),
+        QStringLiteral("Address and port to listen on; port 0 picks a free one."),
+        QStringLiteral("address:port"),
+        QStringLiteral("127.0.0.1:5025"));
+    const QCommandLineOption instrument(QStringLiteral("instrument"),
+                                        QStringLiteral("Instrument description file (JSON)."),
+                                        QStringLiteral("file"));
+    const QCommandLineOption speed(QStringLiteral("speed"),
+                                   QStringLiteral("Sequence seconds played per real second."),
+                                   QStringLiteral("factor"),
+                                   QStringLiteral("1"));
+    const QCommandLineOption load(QStringLiteral("load"),
+                                  QStringLiteral("Resistive load on every output, in ohms."),
+                                  QStringLiteral("ohms"),
+                                  QStringLiteral("10"));
+    const QCommandLineOption latency(QStringLiteral("latency"),
+                                     QStringLiteral("Fault: delay every reply by <ms>."),
+                                     QStringLiteral("ms"));
+    const QCommandLineOption dropAfter(
+        QStringLiteral("drop-after"),
+        QStringLiteral("Fault: cut the connection after <n> commands."),
+        QStringLiteral("n"));
+    const QCommandLineOption silentAfter(
+        QStringLiteral("silent-after"),
+        QStringLiteral("Fault: ignore every command after the first <n>."),
+        QStringLiteral("n"));
+    const QCommandLineOption refuseStep(QStringLiteral("refuse-step"),
+                                        QStringLiteral("Fault: refuse every write of step <n>."),
+                                        QStringLiteral("n"));
+    const QCommandLineOption printDescription(
+        QStringLiteral("print-description"),
+        QStringLiteral("Print the built-in instrument description and exit."));
+    parser.addOptions({listen,
+                       instrument,
+                       speed,
+                       load,
+                       latency,
+                       dropAfter,
+                       silentAfter,
+                       refuseStep,
+                       printDescription});
+    parser.process(app);
+
+    if (parser.isSet(printDescription)) {
+        std::fputs(InstrumentDescription::builtIn().toJson().constData(), stdout);
+        return 0;
+    }
+
+    InstrumentDescription description = InstrumentDescription::builtIn();
+    if (parser.isSet(instrument)) {
+        QString error;
+        const auto read = InstrumentDescription::fromFile(parser.value(instrument), &error);
+        if (!read)
+            return fail(error);
+        description = *read;
+    }
+
+    const QString listenText = parser.value(listen);
+    const int colon = listenText.lastIndexOf(QLatin1Char(':'));
+    bool portOk = false;
+    const uint port = listenText.mid(colon + 1).toUInt(&portOk);
+    const QHostAddress address(listenText.left(colon));
+    if (colon < 0 || !portOk || port > 65535 || address.isNull())
+        return fail(QStringLiteral("--listen wants ADDRESS:PORT, such as 127.0.0.1:5025"));
+
+    bool ok = false;
+    const double speedFactor = parser.value(speed).toDouble(&ok);
+    if (!ok || !(speedFactor > 0.0))
+        return fail(QStringLiteral("--speed wants a positive factor"));
+    const double loadOhms = parser.value(load).toDouble(&ok);
+    if (!ok || !(loadOhms > 0.0))
+        return fail(QStringLiteral("--load wants a positive resistance in ohms"));
+    ServerFaults faults;
+    int refused = 0;
+    if (!readInt(parser, latency, &faults.latencyMs)
+        || !readInt(parser, dropAfter, &faults.dropAfter)
+        || !readInt(parser, silentAfter, &faults.silentAfter)
+        || !readInt(parser, refuseStep, &refused))
+        return fail(QStringLiteral("fault options want a whole number of 0 or more"));
+
+    SupplyEngine engine(description);
+    engine.setSpeed(speedFactor);
+    engine.setLoad(loadOhms);
+    engine.setRefusedStep(refused);
+
+    SupplyServer server(&engine, faults);
+    if (!server.listen(address, static_cast<quint16>(port)))
+        return fail(
+            QStringLiteral("cannot listen on %1: %2").arg(listenText, server.errorString()));
+    quitOnSignals(&app);
+
+    std::printf("tarn_supply_sim: %s with %d channels ready on %s:%u\n",
+                qPrintable(description.model),
+                static_cast<int>(description.channels.size()),
+                qPrintable(server.address().toString()),
+                server.port());
+    std::fflush(stdout);
+    const int status = QCoreApplication::exec();
+    std::printf("tarn_supply_sim: stopped\n");
+    return status;
+}

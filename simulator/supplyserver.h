@@ -1,0 +1,87 @@
+// The simulated supply on the network: a raw command socket, one client at a time.
+#pragma once
+
+#include "linebuffer.h"
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QObject>
+#include <QPointer>
+#include <QQueue>
+
+#include <memory>
+
+class QTcpServer;
+class QTcpSocket;
+class QTimer;
+
+namespace tarn::sim {
+
+class CommandInterpreter;
+class SupplyEngine;
+
+// Faults a test can ask the server for; 0 leaves a fault out. Commands count the lines a client
+// sent on its connection.
+struct ServerFaults
+{
+    int latencyMs = 0;   // each reply leaves this much later
+    int dropAfter = 0;   // the connection is cut right after this many commands
+    int silentAfter = 0; // commands after this many are read and ignored, nothing answers
+};
+
+// SupplyServer reads newline-terminated commands, runs them through the interpreter in order and
+// writes each reply line. A second client is told the supply is busy and is closed; the first
+// one is not disturbed. A client that stops reading its replies is no longer read from until it
+// catches up, so neither direction can make the server's memory grow without bound.
+class SupplyServer final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(SupplyServer)
+
+public:
+    SupplyServer(SupplyEngine *engine, ServerFaults faults, QObject *parent = nullptr);
+    ~SupplyServer() override;
+
+    bool listen(const QHostAddress &address, quint16 port);
+    QString errorString() const;
+    QHostAddress address() const;
+    quint16 port() const;
+    bool hasClient() const { return !m_client.isNull(); }
+
+    static constexpr qint64 outputBound = 1 << 20;
+
+signals:
+    void clientConnected(const QString &peer);
+    void clientDisconnected();
+
+private:
+    void acceptConnections();
+    void readClient();
+    void processLines();
+    void sendReply(const QByteArray &reply);
+    void flushDelayedReplies();
+    void dropClient();
+    bool outputFull() const;
+
+    SupplyEngine *m_engine;
+    std::unique_ptr<CommandInterpreter> m_interpreter;
+    ServerFaults m_faults;
+    QTcpServer *m_server;
+    QPointer<QTcpSocket> m_client;
+    LineBuffer m_buffer;
+    QQueue<QByteArray> m_lines;
+    qint64 m_lineBytes = 0;
+    int m_commands = 0;
+    struct Delayed
+    {
+        qint64 due;
+        QByteArray bytes;
+    };
+    QQueue<Delayed> m_delayed;
+    qint64 m_delayedBytes = 0;
+    QTimer *m_latencyTimer;
+    QElapsedTimer m_clock;
+};
+
+} // namespace tarn::sim
