@@ -83,15 +83,16 @@ void SupplyServer::acceptConnections()
 
 bool SupplyServer::outputFull() const
 {
-    return m_client && m_client->bytesToWrite() + m_delayedBytes + m_lineBytes > outputBound;
+    return m_client && m_client->bytesToWrite() + m_delayedBytes > outputBound;
 }
 
 void SupplyServer::readClient()
 {
-    if (!m_client)
-        return;
+    processLines();
     char chunk[readChunk];
-    while (m_client && !outputFull() && m_client->bytesAvailable() > 0) {
+    // Lines are read only when those already read have been answered, so that at most one chunk
+    // of lines and about outputBound bytes of replies wait here, whatever the client does.
+    while (m_client && m_lines.isEmpty() && !outputFull() && m_client->bytesAvailable() > 0) {
         const qint64 n = m_client->read(chunk, sizeof chunk);
         if (n <= 0)
             break;
@@ -109,7 +110,7 @@ void SupplyServer::readClient()
 
 void SupplyServer::processLines()
 {
-    while (m_client && !m_lines.isEmpty()) {
+    while (m_client && !m_lines.isEmpty() && !outputFull()) {
         const QByteArray line = m_lines.dequeue();
         m_lineBytes -= line.size();
         ++m_commands;

@@ -1,0 +1,214 @@
+// Tests of instrument description files: the built-in supply, the round trip and every refusal.
+#include "instrumentdescription.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace tarn::sim;
+
+namespace {
+
+QJsonObject builtInObject()
+{
+    return QJsonDocument::fromJson(InstrumentDescription::builtIn().toJson()).object();
+}
+
+QByteArray withField(const QString &path, const QJsonValue &value)
+{
+    QJsonObject root = builtInObject();
+    const QStringList keys = path.split(QLatin1Char('.'));
+    if (keys.size() == 1) {
+        if (value.isUndefined())
+            root.remove(path);
+        else
+            root.insert(path, value);
+    } else if (keys.first() == QLatin1String("identity")) {
+        QJsonObject identity = root.value(keys.first()).toObject();
+        if (value.isUndefined())
+            identity.remove(keys.at(1));
+        else
+            identity.insert(keys.at(1), value);
+        root.insert(keys.first(), identity);
+    } else { // channels.N.key
+        QJsonArray channels = root.value(QStringLiteral("channels")).toArray();
+        QJsonObject channel = channels.at(keys.at(1).toInt()).toObject();
+        if (value.isUndefined())
+            channel.remove(keys.at(2));
+        else
+            channel.insert(keys.at(2), value);
+        channels.replace(keys.at(1).toInt(), channel);
+        root.insert(QStringLiteral("channels"), channels);
+    }
+    return QJsonDocument(root).toJson();
+}
+
+} // namespace
+
+class TestInstrumentDescription : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void builtInDescribesTheSixChannelSupply();
+    void jsonRoundTripKeepsEveryField();
+    void exampleFileIsTheBuiltInSupply();
+    void damagedDescriptionsAreRefused_data();
+    void damagedDescriptionsAreRefused();
+    void aMillionChannelsAreRefusedBeforeTheyAreRead();
+    void unreadableFileNamesThePath();
+};
+
+void TestInstrumentDescription::builtInDescribesTheSixChannelSupply()
+{
+    const InstrumentDescription d = InstrumentDescription::builtIn();
+    QCOMPARE(d.identity(), QStringLiteral("Tarn,Simulated Supply,SIM-000001,1.0.0"));
+    QCOMPARE(d.timeDecimals, 3);
+    QCOMPARE(d.timeMin, 0.001);
+    QCOMPARE(d.timeMax, 99999.0);
+    QCOMPARE(d.maxCount, 2048);
+    QCOMPARE(d.channels.size(), 6);
+    const QStringList names{"CH1", "CH2", "CH3", "CH4", "Series", "Parallel"};
+    const QVector<double> volts{32, 32, 32, 32, 64, 32};
+    const QVector<double> amperes{3.2, 3.2, 3.2, 3.2, 3.2, 6.4};
+    for (int i = 0; i < 6; ++i) {
+        QCOMPARE(d.channels.at(i).name, names.at(i));
+        QCOMPARE(d.channels.at(i).voltage.max, volts.at(i));
+        QCOMPARE(d.channels.at(i).current.max, amperes.at(i));
+        QCOMPARE(d.channels.at(i).voltage.min, 0.0);
+        QCOMPARE(d.channels.at(i).current.min, 0.0);
+    }
+}
+
+void TestInstrumentDescription::jsonRoundTripKeepsEveryField()
+{
+    InstrumentDescription d = InstrumentDescription::builtIn();
+    d.timeDecimals = 2;
+    d.timeMin = 0.05;
+    d.voltageDecimals = 4;
+    d.currentDecimals = 1;
+    d.maxCount = 100;
+    d.channels.resize(1);
+    d.channels[0] = {QStringLiteral("Out"), {1.5, 60.0}, {0.0, 10.0}};
+    d.commands.insert(QStringLiteral("listStep"), QStringLiteral("LIST:DATA %1,%2,%3,%4"));
+
+    QString error;
+    const auto back = InstrumentDescription::fromJson(d.toJson(), &error);
+    QVERIFY2(back.has_value(), qPrintable(error));
+    QCOMPARE(back->toJson(), d.toJson());
+    QCOMPARE(back->channels.at(0).voltage.min, 1.5);
+    QCOMPARE(back->commands.value(QStringLiteral("listStep")),
+             QStringLiteral("LIST:DATA %1,%2,%3,%4"));
+}
+
+void TestInstrumentDescription::exampleFileIsTheBuiltInSupply()
+{
+    QString error;
+    const auto example = InstrumentDescription::fromFile(
+        QStringLiteral(TARN_SOURCE_DIR "/simulator/instruments/simulated-supply.json"), &error);
+    QVERIFY2(example.has_value(), qPrintable(error));
+    QCOMPARE(example->toJson(), InstrumentDescription::builtIn().toJson());
+}
+
+void TestInstrumentDescription::damagedDescriptionsAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("not JSON") << QByteArray("{\"timeDecimals\": 3,")
+                              << "not JSON at byte 19: unterminated object";
+    QTest::newRow("an array") << QByteArray("[]") << "the description must be a JSON object";
+    QTest::newRow("no identity") << withField("identity", QJsonValue::Undefined)
+                                 << "field \"identity\": is missing";
+    QTest::newRow("no serial") << withField("identity.serial", QJsonValue::Undefined)
+                               << "field \"identity.serial\": is missing";
+    QTest::newRow("comma in the model") << withField("identity.model", "A,B")
+                                        << "field \"identity.model\": must not hold commas, "
+                                           "semicolons, quotes or control characters";
+    QTest::newRow("empty maker") << withField("identity.maker", " ")
+                                 << "field \"identity.maker\": must not be empty";
+    QTest::newRow("no time decimals")
+        << withField("timeDecimals", QJsonValue::Undefined) << "field \"timeDecimals\": is missing";
+    QTest::newRow("time decimals as text")
+        << withField("timeDecimals", "3") << "field \"timeDecimals\": must be a number";
+    QTest::newRow("fractional decimals")
+        << withField("voltageDecimals", 2.5) << "field \"voltageDecimals\": must be a whole number";
+    QTest::newRow("too many decimals")
+        << withField("currentDecimals", 7) << "field \"currentDecimals\": must lie in 0..6";
+    QTest::newRow("time below the quantum") << withField("timeMin", 0.0001)
+                                            << "field \"timeMin\": must be at least the time "
+                                               "quantum 0.001 s";
+    QTest::newRow("time limits swapped")
+        << withField("timeMax", 0.0005) << "field \"timeMax\": must not be below timeMin";
+    QTest::newRow("no steps") << withField("maxCount", 0)
+                              << "field \"maxCount\": must lie in 1..100000";
+    QTest::newRow("no channels") << withField("channels", QJsonArray())
+                                 << "field \"channels\": must hold at least one channel";
+    QTest::newRow("channels not a list")
+        << withField("channels", 6) << "field \"channels\": must be an array";
+    QTest::newRow("channel without current")
+        << withField("channels.4.current", QJsonValue::Undefined)
+        << "field \"channels[4].current\": is missing";
+    QTest::newRow("range of one number") << withField("channels.0.voltage", QJsonArray{32})
+                                         << "field \"channels[0].voltage\": must be two numbers "
+                                            "[minimum, maximum]";
+    QTest::newRow("range upside down") << withField("channels.1.current", QJsonArray{3, 1})
+                                       << "field \"channels[1].current\": must satisfy 0 <= "
+                                          "minimum < maximum";
+    QTest::newRow("negative range") << withField("channels.1.voltage", QJsonArray{-5, 5})
+                                    << "field \"channels[1].voltage\": must satisfy 0 <= minimum "
+                                       "< maximum";
+    QTest::newRow("twice the same name") << withField("channels.2.name", "ch1")
+                                         << "field \"channels[2].name\": \"ch1\" names another "
+                                            "channel too";
+    QTest::newRow("command word not a text") << withField("commands", QJsonObject{{"listStep", 1}})
+                                             << "field \"commands.listStep\": must be a text";
+}
+
+void TestInstrumentDescription::damagedDescriptionsAreRefused()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, error);
+
+    QString message;
+    QVERIFY(!InstrumentDescription::fromJson(json, &message).has_value());
+    QCOMPARE(message, error);
+}
+
+void TestInstrumentDescription::aMillionChannelsAreRefusedBeforeTheyAreRead()
+{
+    QByteArray json = InstrumentDescription::builtIn().toJson();
+    const QByteArray channel = "{\"name\":\"X\",\"voltage\":[0,1],\"current\":[0,1]},";
+    QByteArray many;
+    many.reserve(channel.size() * 1000000);
+    for (int i = 0; i < 1000000; ++i)
+        many += channel;
+    json.replace("\"channels\": [", "\"channels\": [" + many);
+
+    QString message;
+    QVERIFY(!InstrumentDescription::fromJson(json, &message).has_value());
+    QCOMPARE(message, QStringLiteral("the description is larger than 1048576 bytes"));
+
+    QString small;
+    const QByteArray seventy
+        = QByteArray("{\"identity\":{\"maker\":\"a\",\"model\":\"b\",\"serial\":"
+                     "\"c\",\"firmware\":\"d\"},\"timeDecimals\":3,\"timeMin\":"
+                     "0.001,\"timeMax\":1,\"voltageDecimals\":3,"
+                     "\"currentDecimals\":3,\"maxCount\":1,\"channels\":[")
+          + channel.repeated(70).chopped(1) + "]}";
+    QVERIFY(!InstrumentDescription::fromJson(seventy, &small).has_value());
+    QCOMPARE(small, QStringLiteral("field \"channels\": holds more than 64 channels"));
+}
+
+void TestInstrumentDescription::unreadableFileNamesThePath()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("missing.json"));
+    QString message;
+    QVERIFY(!InstrumentDescription::fromFile(path, &message).has_value());
+    QVERIFY2(message.startsWith(QStringLiteral("cannot read ") + path), qPrintable(message));
+}
+
+QTEST_APPLESS_MAIN(TestInstrumentDescription)
+#include "tst_instrumentdescription.moc"

@@ -1,0 +1,400 @@
+// Tests of the simulated supply behind its command set: every refusal, the load and playback.
+#include "commandinterpreter.h"
+#include "supplyengine.h"
+
+#include <QtTest>
+
+#include <memory>
+
+using namespace tarn::sim;
+
+namespace {
+
+// The supply on a clock the test moves by hand.
+struct Supply
+{
+    Supply()
+        : engine(InstrumentDescription::builtIn(), [this] { return nowNs; })
+        , interpreter(&engine)
+    {}
+
+    // The reply to one line, or "(none)" when no query answered.
+    QByteArray send(const QByteArray &line)
+    {
+        return interpreter.execute(line).value_or(QByteArray("(none)"));
+    }
+
+    void advanceMs(double ms) { nowNs += static_cast<qint64>(ms * 1e6); }
+
+    qint64 nowNs = 1000000000;
+    SupplyEngine engine;
+    CommandInterpreter interpreter;
+};
+
+} // namespace
+
+class TestSupplyEngine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void refusedRequestsChangeNothing_data();
+    void refusedRequestsChangeNothing();
+    void stepsAreStoredAtTheInstrumentsDecimals();
+    void rewritingAStepReplacesIt();
+    void injectedFaultRefusesOneStep();
+    void errorQueueIsBoundedAndReportsOverflow();
+    void queriesOnOneLineShareOneReply();
+    void resetClearsSequencesButKeepsErrors();
+    void loadDecidesConstantVoltageOrCurrent_data();
+    void loadDecidesConstantVoltageOrCurrent();
+    void listPlaysInRealTimeTimesTheSpeed_data();
+    void listPlaysInRealTimeTimesTheSpeed();
+    void endStateAppliesWhenTheRunEnds_data();
+    void endStateAppliesWhenTheRunEnds();
+    void delayerSwitchesTheOutput();
+    void endlessRunStopsOnlyOnCommand();
+    void outputOffEndsARun();
+};
+
+void TestSupplyEngine::refusedRequestsChangeNothing_data()
+{
+    QTest::addColumn<QByteArray>("prepare");
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QByteArray>("error");
+    QTest::addColumn<QByteArray>("query");
+    QTest::addColumn<QByteArray>("unchanged");
+
+    const QByteArray oneStep = "LIST:STEP 1,1,1,1";
+    QTest::newRow("voltage above the range")
+        << oneStep << QByteArray("LIST:STEP 1,33,1,1")
+        << QByteArray("-222,\"Data out of range;voltage 33 is outside 0..32\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("negative voltage")
+        << oneStep << QByteArray("LIST:STEP 2,-0.5,1,1")
+        << QByteArray("-222,\"Data out of range;voltage -0.5 is outside 0..32\"")
+        << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("current above the parallel channel's range")
+        << QByteArray("INST PARALLEL;LIST:STEP 1,1,6.4,1") << QByteArray("LIST:STEP 1,1,6.5,1")
+        << QByteArray("-222,\"Data out of range;current 6.5 is outside 0..6.4\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,6.400,1.000");
+    QTest::newRow("voltage above the series channel's range")
+        << QByteArray("INST:NSEL 5;LIST:STEP 1,64,1,1") << QByteArray("LIST:STEP 2,64.1,1,1")
+        << QByteArray("-222,\"Data out of range;voltage 64.1 is outside 0..64\"")
+        << QByteArray("LIST:DATA?") << QByteArray("64.000,1.000,1.000");
+    QTest::newRow("time below the shortest")
+        << oneStep << QByteArray("LIST:STEP 2,1,1,0.0005")
+        << QByteArray("-222,\"Data out of range;time 0.0005 is outside 0.001..99999\"")
+        << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("time above the longest")
+        << oneStep << QByteArray("LIST:STEP 1,1,1,100000")
+        << QByteArray("-222,\"Data out of range;time 100000 is outside 0.001..99999\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("time off the quantum")
+        << oneStep << QByteArray("LIST:STEP 2,1,1,0.0015")
+        << QByteArray("-224,\"Illegal parameter value;time 0.0015 is not a multiple of 0.001 s\"")
+        << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("not a number")
+        << oneStep << QByteArray("LIST:STEP 1,NAN,1,1")
+        << QByteArray("-222,\"Data out of range;voltage is not a finite number\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("a gap after the last step")
+        << oneStep << QByteArray("LIST:STEP 3,1,1,1")
+        << QByteArray("-222,\"Data out of range;step 3 would leave a gap after step 1\"")
+        << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("step 0") << oneStep << QByteArray("LIST:STEP 0,1,1,1")
+                            << QByteArray("-222,\"Data out of range;step 0 would leave a gap after "
+                                          "step 1\"")
+                            << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("beyond the longest sequence")
+        << oneStep << QByteArray("LIST:STEP 2049,1,1,1")
+        << QByteArray("-223,\"Too much data;step 2049 is beyond the 2048 steps a sequence holds\"")
+        << QByteArray("LIST:COUN?") << QByteArray("1");
+    QTest::newRow("fractional index")
+        << oneStep << QByteArray("LIST:STEP 1.5,2,1,1")
+        << QByteArray("-224,\"Illegal parameter value;expected a whole number\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("missing parameter")
+        << oneStep << QByteArray("LIST:STEP 1,2,1") << QByteArray("-109,\"Missing parameter\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("one parameter too many")
+        << oneStep << QByteArray("LIST:STEP 1,2,1,1,1")
+        << QByteArray("-108,\"Parameter not allowed\"") << QByteArray("LIST:STEP? 1")
+        << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("a word for a number")
+        << oneStep << QByteArray("LIST:STEP 1,high,1,1") << QByteArray("-104,\"Data type error\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("undefined header")
+        << oneStep << QByteArray("LIST:STEPS 1,2,1,1") << QByteArray("-113,\"Undefined header\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("syntax error") << oneStep << QByteArray("LIST:STEP 1,,2,1")
+                                  << QByteArray("-102,\"Syntax error\"")
+                                  << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("delayer state neither on nor off")
+        << QByteArray("DEL:STEP 1,OFF,1") << QByteArray("DEL:STEP 1,MAYBE,2")
+        << QByteArray("-224,\"Illegal parameter value;expected ON or OFF\"")
+        << QByteArray("DEL:DATA?") << QByteArray("0,1.000");
+    QTest::newRow("repeat count too large")
+        << QByteArray("LIST:REP 7") << QByteArray("LIST:REP 100000")
+        << QByteArray("-222,\"Data out of range;repeat count 100000 is outside 0..99999\"")
+        << QByteArray("LIST:REP?") << QByteArray("7");
+    QTest::newRow("unknown end state")
+        << QByteArray("DEL:END LAST") << QByteArray("DEL:END HALF")
+        << QByteArray("-224,\"Illegal parameter value;expected OFF, ON or LAST\"")
+        << QByteArray("DEL:END?") << QByteArray("LAST");
+    QTest::newRow("writing a running list")
+        << QByteArray("LIST:STEP 1,1,1,1;LIST:RUN") << QByteArray("LIST:STEP 1,2,1,1")
+        << QByteArray("-221,\"Settings conflict;the list is running\"")
+        << QByteArray("LIST:STEP? 1") << QByteArray("1.000,1.000,1.000");
+    QTest::newRow("clearing a running delayer")
+        << QByteArray("DEL:STEP 1,ON,1;DEL:RUN") << QByteArray("DEL:CLE")
+        << QByteArray("-221,\"Settings conflict;the delayer is running\"")
+        << QByteArray("DEL:COUN?") << QByteArray("1");
+    QTest::newRow("list started while the delayer runs")
+        << QByteArray("LIST:STEP 1,1,1,1;DEL:STEP 1,ON,1;DEL:RUN") << QByteArray("LIST:RUN")
+        << QByteArray("-221,\"Settings conflict;the delayer is running on CH1\"")
+        << QByteArray("LIST:STAT?;DEL:STAT?") << QByteArray("STOP;RUN");
+    QTest::newRow("running an empty delayer")
+        << QByteArray() << QByteArray("DEL:RUN")
+        << QByteArray("-221,\"Settings conflict;the delayer holds no steps\"")
+        << QByteArray("DEL:STAT?;OUTP?") << QByteArray("STOP;0");
+    QTest::newRow("set-point while the list runs")
+        << QByteArray("VOLT 2;LIST:STEP 1,1,1,1;LIST:RUN") << QByteArray("VOLT 3")
+        << QByteArray("-221,\"Settings conflict;the list is running\"") << QByteArray("VOLT?")
+        << QByteArray("2.000");
+    QTest::newRow("output on while a sequence runs")
+        << QByteArray("DEL:STEP 1,OFF,1;DEL:RUN") << QByteArray("OUTP ON")
+        << QByteArray("-221,\"Settings conflict;a sequence is running\"") << QByteArray("OUTP?")
+        << QByteArray("0");
+    QTest::newRow("voltage set-point above the range")
+        << QByteArray("VOLT 5") << QByteArray("VOLT 32.01")
+        << QByteArray("-222,\"Data out of range;voltage 32.01 is outside 0..32\"")
+        << QByteArray("VOLT?") << QByteArray("5.000");
+    QTest::newRow("unknown channel name")
+        << QByteArray("INST CH2") << QByteArray("INST CH9")
+        << QByteArray("-224,\"Illegal parameter value;no channel named CH9\"")
+        << QByteArray("INST?") << QByteArray("CH2");
+    QTest::newRow("channel number beyond the last")
+        << QByteArray("INST:NSEL 3") << QByteArray("INST:NSEL 7")
+        << QByteArray("-224,\"Illegal parameter value;no channel 7\"") << QByteArray("INST:NSEL?")
+        << QByteArray("3");
+}
+
+void TestSupplyEngine::refusedRequestsChangeNothing()
+{
+    QFETCH(QByteArray, prepare);
+    QFETCH(QByteArray, command);
+    QFETCH(QByteArray, error);
+    QFETCH(QByteArray, query);
+    QFETCH(QByteArray, unchanged);
+
+    Supply supply;
+    supply.send(prepare);
+    QCOMPARE(supply.send("SYST:ERR?"), QByteArray("0,\"No error\""));
+
+    QCOMPARE(supply.send(command), QByteArray("(none)"));
+    QCOMPARE(supply.send("SYST:ERR?"), error);
+    QCOMPARE(supply.send("SYST:ERR?"), QByteArray("0,\"No error\""));
+    QCOMPARE(supply.send(query), unchanged);
+}
+
+void TestSupplyEngine::stepsAreStoredAtTheInstrumentsDecimals()
+{
+    Supply supply;
+    supply.send("LIST:STEP 1,1.23456,0.0004,2.5;LIST:STEP 2,500mV,#H1,1500MS");
+    QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("0"));
+    QCOMPARE(supply.send("LIST:DATA?"), QByteArray("1.235,0.000,2.500,0.500,1.000,1.500"));
+    QCOMPARE(supply.engine.listSteps(0).at(0).voltage, 1.235);
+    QCOMPARE(supply.engine.listSteps(0).at(1).ticks, qint64(1500));
+}
+
+void TestSupplyEngine::rewritingAStepReplacesIt()
+{
+    Supply supply;
+    supply.send("DEL:STEP 1,ON,0.1;DEL:STEP 2,OFF,0.2;DEL:STEP 1,OFF,0.3");
+    QCOMPARE(supply.send("DEL:DATA?;DEL:COUN?"), QByteArray("0,0.300,0,0.200;2"));
+    supply.send("DEL:CLE");
+    QCOMPARE(supply.send("DEL:DATA?;DEL:COUN?"), QByteArray(";0"));
+}
+
+void TestSupplyEngine::injectedFaultRefusesOneStep()
+{
+    Supply supply;
+    supply.engine.setRefusedStep(2);
+    supply.send("LIST:STEP 1,1,1,1;LIST:STEP 2,1,1,1;LIST:STEP 2,1,1,1");
+    QCOMPARE(supply.send("LIST:COUN?"), QByteArray("1"));
+    QCOMPARE(supply.send("SYST:ERR?"),
+             QByteArray("-222,\"Data out of range;step 2 refused by fault injection\""));
+    QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("1"));
+}
+
+void TestSupplyEngine::errorQueueIsBoundedAndReportsOverflow()
+{
+    Supply supply;
+    for (int i = 0; i < 100; ++i)
+        supply.send("BOGUS");
+    QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray::number(ErrorQueue::capacity));
+    for (int i = 0; i < ErrorQueue::capacity - 1; ++i)
+        QCOMPARE(supply.send("SYST:ERR?"), QByteArray("-113,\"Undefined header\""));
+    QCOMPARE(supply.send("SYST:ERR?"), QByteArray("-350,\"Queue overflow\""));
+    QCOMPARE(supply.send("SYST:ERR?"), QByteArray("0,\"No error\""));
+    supply.send("BOGUS;*CLS");
+    QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("0"));
+}
+
+void TestSupplyEngine::queriesOnOneLineShareOneReply()
+{
+    Supply supply;
+    QCOMPARE(supply.send("*IDN?;inst:nsel 6;:INSTRUMENT:SELECT?;*OPC?"),
+             QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0;Parallel;1"));
+    QCOMPARE(supply.send("INST:CAT?"),
+             QByteArray("\"CH1\",\"CH2\",\"CH3\",\"CH4\",\"Series\",\"Parallel\""));
+    QCOMPARE(supply.send("OUTP ON;VOLT 3"), QByteArray("(none)"));
+}
+
+void TestSupplyEngine::resetClearsSequencesButKeepsErrors()
+{
+    Supply supply;
+    supply.send("INST CH3;LIST:STEP 1,1,1,1;LIST:REP 0;OUTP ON;BOGUS;*RST");
+    QCOMPARE(supply.send("INST?;LIST:COUN?;LIST:REP?;LIST:END?;OUTP?"),
+             QByteArray("CH1;0;1;OFF;0"));
+    supply.send("INST CH3");
+    QCOMPARE(supply.send("LIST:COUN?;OUTP?"), QByteArray("0;0"));
+    QCOMPARE(supply.send("SYST:ERR?"), QByteArray("-113,\"Undefined header\""));
+}
+
+void TestSupplyEngine::loadDecidesConstantVoltageOrCurrent_data()
+{
+    QTest::addColumn<double>("ohms");
+    QTest::addColumn<QByteArray>("setup");
+    QTest::addColumn<QByteArray>("measured");
+
+    QTest::newRow("constant voltage")
+        << 10.0 << QByteArray("VOLT 5;CURR 1;OUTP ON") << QByteArray("5.000;0.500");
+    QTest::newRow("constant current")
+        << 10.0 << QByteArray("VOLT 20;CURR 0.5;OUTP ON") << QByteArray("5.000;0.500");
+    QTest::newRow("exactly at the corner")
+        << 4.0 << QByteArray("VOLT 8;CURR 2;OUTP ON") << QByteArray("8.000;2.000");
+    QTest::newRow("output off") << 10.0 << QByteArray("VOLT 5;CURR 1;OUTP OFF")
+                                << QByteArray("0.000;0.000");
+}
+
+void TestSupplyEngine::loadDecidesConstantVoltageOrCurrent()
+{
+    QFETCH(double, ohms);
+    QFETCH(QByteArray, setup);
+    QFETCH(QByteArray, measured);
+
+    Supply supply;
+    supply.engine.setLoad(ohms);
+    supply.send(setup);
+    QCOMPARE(supply.send("MEAS:VOLT?;MEAS:CURR?"), measured);
+}
+
+void TestSupplyEngine::listPlaysInRealTimeTimesTheSpeed_data()
+{
+    QTest::addColumn<double>("ms");
+    QTest::addColumn<QByteArray>("position");
+    QTest::addColumn<QByteArray>("voltage");
+
+    // Steps of 0.1, 0.2 and 0.3 s at ten times the speed: 10, 20 and 30 ms of real time.
+    QTest::newRow("start") << 0.0 << QByteArray("1,1,0.000") << QByteArray("1.000");
+    QTest::newRow("just before step 2") << 9.999 << QByteArray("1,1,0.099") << QByteArray("1.000");
+    QTest::newRow("step 2") << 10.0 << QByteArray("2,1,0.100") << QByteArray("2.000");
+    QTest::newRow("step 3") << 30.0 << QByteArray("3,1,0.300") << QByteArray("3.000");
+    QTest::newRow("second cycle") << 60.0 << QByteArray("1,2,0.600") << QByteArray("1.000");
+    QTest::newRow("last step of the last cycle")
+        << 119.9 << QByteArray("3,2,1.199") << QByteArray("3.000");
+    QTest::newRow("ended") << 120.0 << QByteArray("0,0,0.000") << QByteArray("0.000");
+}
+
+void TestSupplyEngine::listPlaysInRealTimeTimesTheSpeed()
+{
+    QFETCH(double, ms);
+    QFETCH(QByteArray, position);
+    QFETCH(QByteArray, voltage);
+
+    Supply supply;
+    supply.engine.setSpeed(10.0);
+    supply.send("LIST:STEP 1,1,1,0.1;LIST:STEP 2,2,1,0.2;LIST:STEP 3,3,1,0.3;LIST:REP 2;LIST:RUN");
+    supply.advanceMs(ms);
+    QCOMPARE(supply.send("LIST:POS?"), position);
+    QCOMPARE(supply.send("MEAS:VOLT?"), voltage);
+}
+
+void TestSupplyEngine::endStateAppliesWhenTheRunEnds_data()
+{
+    QTest::addColumn<QByteArray>("end");
+    QTest::addColumn<QByteArray>("after");
+
+    QTest::newRow("off") << QByteArray("OFF") << QByteArray("0;0.000;5.000");
+    QTest::newRow("on at the channel's set-point")
+        << QByteArray("ON") << QByteArray("1;5.000;5.000");
+    QTest::newRow("on at the last step") << QByteArray("LAST") << QByteArray("1;3.000;3.000");
+}
+
+void TestSupplyEngine::endStateAppliesWhenTheRunEnds()
+{
+    QFETCH(QByteArray, end);
+    QFETCH(QByteArray, after);
+
+    for (const bool stopped : {false, true}) {
+        Supply supply;
+        supply.send("VOLT 5;LIST:STEP 1,1,1,0.5;LIST:STEP 2,3,1,0.5;LIST:REP 1;LIST:END " + end
+                    + ";LIST:RUN");
+        if (stopped) {
+            supply.advanceMs(200);
+            supply.send("LIST:STOP");
+        } else {
+            supply.advanceMs(1000);
+        }
+        QCOMPARE(supply.send("LIST:STAT?"), QByteArray("STOP"));
+        QCOMPARE(supply.send("OUTP?;MEAS:VOLT?;VOLT?"), after);
+    }
+}
+
+void TestSupplyEngine::delayerSwitchesTheOutput()
+{
+    Supply supply;
+    supply.send(
+        "VOLT 4;CURR 1;DEL:STEP 1,ON,0.2;DEL:STEP 2,OFF,0.1;DEL:REP 3;DEL:END LAST;DEL:RUN");
+    const QVector<QPair<double, QByteArray>> expected{
+        {0, "1;4.000;1,1"},
+        {199, "1;4.000;1,1"},
+        {200, "0;0.000;2,1"},
+        {300, "1;4.000;1,2"},
+        {850, "0;0.000;2,3"},
+        {900, "0;0.000;0,0"},
+    };
+    double at = 0;
+    for (const auto &[ms, reply] : expected) {
+        supply.advanceMs(ms - at);
+        at = ms;
+        const QByteArray position = supply.send("DEL:POS?");
+        QCOMPARE(supply.send("OUTP?;MEAS:VOLT?") + ';' + position.left(position.lastIndexOf(',')),
+                 reply);
+    }
+}
+
+void TestSupplyEngine::endlessRunStopsOnlyOnCommand()
+{
+    Supply supply;
+    supply.engine.setSpeed(1000.0);
+    supply.send("LIST:STEP 1,2,1,1;LIST:REP INF;LIST:END OFF;LIST:RUN");
+    QCOMPARE(supply.send("LIST:REP?"), QByteArray("INF"));
+    supply.advanceMs(3600.0 * 1000.0); // an hour of real time: 3.6 million cycles of 1 s
+    QCOMPARE(supply.send("LIST:STAT?;LIST:POS?"), QByteArray("RUN;1,3600001,3600000.000"));
+    supply.send("LIST:STOP");
+    QCOMPARE(supply.send("LIST:STAT?;OUTP?;LIST:POS?"), QByteArray("STOP;0;0,0,0.000"));
+}
+
+void TestSupplyEngine::outputOffEndsARun()
+{
+    Supply supply;
+    supply.send("LIST:STEP 1,2,1,1;LIST:REP 0;LIST:END LAST;LIST:RUN;OUTP OFF");
+    QCOMPARE(supply.send("LIST:STAT?;OUTP?;MEAS:VOLT?"), QByteArray("STOP;0;0.000"));
+    QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("0"));
+}
+
+QTEST_APPLESS_MAIN(TestSupplyEngine)
+#include "tst_supplyengine.moc"
