@@ -1,7 +1,10 @@
-// The reference host application: the programmer dialog over a simulated instrument.
-#include "simulatedinstrument.h"
+// tarn_bench_host: the bench engineer's program around the programmer dialog.
+#include "session/commandset.h"
+#include "window/demo.h"
+#include "window/mainwindow.h"
 
 #include <dialogprogrammer.h>
+#include <instrumentdescription.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -10,28 +13,31 @@
 
 #include <cstdio>
 
-using tarn::host::SimulatedInstrument;
-using tarn2::specific::orvo5000::programmer::DialogProgrammer;
+using namespace tarn::host;
+namespace sim = tarn::sim;
 
 namespace {
 
-// Renders the dialog with a generated preview and some appended steps on each tab, the way a
-// user would have it after a minute's work, and writes the chosen tab to a PNG.
-int renderScreenshot(DialogProgrammer &dialog, const QString &path, const QString &tab, QSize size)
+int fail(const QString &message)
+{
+    std::fprintf(stderr, "tarn_bench_host: %s\n", qPrintable(message));
+    return 2;
+}
+
+// The window with each tab's preview appended once, the way a user has it after a minute's work.
+int renderScreenshot(MainWindow &window, const QString &path, const QString &tab, QSize size)
 {
     for (const char *button : {"btnListTemplateAppend", "btnDelayerTemplateAppend"}) {
-        if (auto *append = dialog.findChild<QPushButton *>(QLatin1String(button)))
+        if (auto *append = window.dialog()->findChild<QPushButton *>(QLatin1String(button)))
             append->click();
     }
-    if (auto *tabs = dialog.findChild<QTabWidget *>(QStringLiteral("tabWidget")))
+    if (auto *tabs = window.dialog()->findChild<QTabWidget *>(QStringLiteral("tabWidget")))
         tabs->setCurrentIndex(tab == QLatin1String("delayer") ? 1 : 0);
-    dialog.resize(size);
-    dialog.show();
+    window.resize(size);
+    window.show();
     QApplication::processEvents();
-    if (!dialog.grab().save(path)) {
-        std::fprintf(stderr, "could not write %s\n", qPrintable(path));
-        return 1;
-    }
+    if (!window.grab().save(path))
+        return fail(QStringLiteral("could not write %1").arg(path));
     return 0;
 }
 
@@ -44,10 +50,24 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Bench Host"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Programs a simulated bench supply."));
+    parser.setApplicationDescription(
+        QStringLiteral("Programs, uploads and verifies the List and Delayer sequences of a bench "
+                       "supply. Without --connect it works with the simulated supply."));
     parser.addHelpOption();
+    const QCommandLineOption connectTo(QStringLiteral("connect"),
+                                       QStringLiteral("Instrument address: tcp://HOST[:PORT], "
+                                                      "serial:DEVICE[?baud=N] or sim:."),
+                                       QStringLiteral("url"),
+                                       QStringLiteral("sim:"));
+    const QCommandLineOption instrument(QStringLiteral("instrument"),
+                                        QStringLiteral("Instrument description file (JSON)."),
+                                        QStringLiteral("file"));
+    const QCommandLineOption demo(QStringLiteral("demo"),
+                                  QStringLiteral("Upload and verify the default Sine headlessly, "
+                                                 "write a screenshot to <file> and exit."),
+                                  QStringLiteral("file"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                        QStringLiteral("Render the dialog to <file> and exit."),
+                                        QStringLiteral("Render the window to <file> and exit."),
                                         QStringLiteral("file"));
     const QCommandLineOption tab(QStringLiteral("tab"),
                                  QStringLiteral("Tab to render: list or delayer."),
@@ -57,21 +77,37 @@ int main(int argc, char *argv[])
                                   QStringLiteral("Size to render, WIDTHxHEIGHT."),
                                   QStringLiteral("size"),
                                   QStringLiteral("1280x800"));
-    parser.addOptions({screenshot, tab, size});
+    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size});
     parser.process(app);
 
-    DialogProgrammer dialog(SimulatedInstrument::defaultOption(), nullptr);
-    dialog.setWindowTitle(QStringLiteral("Sequence Programmer"));
-    new SimulatedInstrument(&dialog);
-
-    if (parser.isSet(screenshot)) {
-        const QStringList wh = parser.value(size).split(QLatin1Char('x'));
-        const QSize renderSize = wh.size() == 2 ? QSize(wh.at(0).toInt(), wh.at(1).toInt())
-                                                : QSize(1280, 800);
-        return renderScreenshot(dialog, parser.value(screenshot), parser.value(tab), renderSize);
+    sim::InstrumentDescription description = sim::InstrumentDescription::builtIn();
+    if (parser.isSet(instrument)) {
+        QString error;
+        const auto read = sim::InstrumentDescription::fromFile(parser.value(instrument), &error);
+        if (!read)
+            return fail(error);
+        description = *read;
     }
+    QString error;
+    const std::optional<CommandSet> commands
+        = CommandSet::fromOverrides(description.commands, &error);
+    if (!commands)
+        return fail(parser.value(instrument) + QStringLiteral(": ") + error);
 
-    dialog.resize(1280, 800);
-    dialog.show();
-    return app.exec();
+    const QStringList wh = parser.value(size).split(QLatin1Char('x'));
+    const QSize windowSize
+        = wh.size() == 2 ? QSize(wh.at(0).toInt(), wh.at(1).toInt()) : QSize(1280, 800);
+
+    if (parser.isSet(demo))
+        return runDemo(
+            description, *commands, parser.value(connectTo), parser.value(demo), windowSize);
+
+    MainWindow window(description, *commands);
+    if (parser.isSet(screenshot))
+        return renderScreenshot(window, parser.value(screenshot), parser.value(tab), windowSize);
+
+    window.resize(windowSize);
+    window.show();
+    window.connectTo(parser.value(connectTo));
+    return QApplication::exec();
 }

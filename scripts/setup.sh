@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
     build-essential cmake
-    qtbase5-dev qttools5-dev qttools5-dev-tools libqcustomplot-dev
+    qtbase5-dev qttools5-dev qttools5-dev-tools libqcustomplot-dev libqt5serialport5-dev
     libbenchmark-dev
     fonts-dejavu-core
     xvfb xauth

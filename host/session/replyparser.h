@@ -1,0 +1,33 @@
+// Reading what an instrument answers: error replies, identities, counts and whole sequences.
+#pragma once
+
+#include <records.h>
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace tarn::host::reply {
+
+struct Error
+{
+    int code = 0;
+    QString text;
+};
+
+// `-222,"Data out of range;voltage 33 is outside 0..32"` or `0,"No error"`.
+std::optional<Error> parseError(const QByteArray &line);
+// A count, 0 or more, at most `bound`.
+std::optional<int> parseCount(const QByteArray &line, int bound);
+// Voltage, current and time of each step, all in one line; at most `bound` steps.
+std::optional<QList<tarn2::specific::orvo5000::programmer::ListData>>
+parseListData(const QByteArray &line, int bound);
+// State (1/0 or ON/OFF) and time of each step; at most `bound` steps.
+std::optional<QList<tarn2::specific::orvo5000::programmer::DelayerData>>
+parseDelayerData(const QByteArray &line, int bound);
+// The *IDN? reply as it may be shown: printable, at most 200 characters; nothing when empty.
+std::optional<QString> parseIdentity(const QByteArray &line);
+
+} // namespace tarn::host::reply

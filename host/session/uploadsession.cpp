@@ -1,0 +1,321 @@
+// Writing a sequence ahead of its confirmations, and reading it back.
+#include "uploadsession.h"
+
+#include "commandchannel.h"
+#include "replyparser.h"
+
+#include <cmath>
+
+namespace tarn::host {
+
+using namespace tarn2::specific::orvo5000::programmer;
+
+UploadSession::UploadSession(CommandChannel *channel,
+                             const sim::InstrumentDescription &description,
+                             const CommandSet &commands,
+                             QObject *parent)
+    : QObject(parent)
+    , m_channel(channel)
+    , m_description(description)
+    , m_commands(commands)
+{
+    qRegisterMetaType<tarn::host::UploadOutcome>();
+}
+
+UploadSession::~UploadSession() = default;
+
+const char *UploadSession::key(const char *list, const char *delayer) const
+{
+    return m_list ? list : delayer;
+}
+
+QString UploadSession::number(double value, int decimals) const
+{
+    // Rounded as the instrument stores it; -0.000 and 0.000 are the same stored value.
+    const double scale = std::pow(10.0, decimals);
+    const double rounded = std::round(value * scale) / scale;
+    return QString::number(rounded == 0.0 ? 0.0 : rounded, 'f', decimals);
+}
+
+QString UploadSession::describe(const ListData &step) const
+{
+    return tr("%1 V, %2 A, %3 s")
+        .arg(number(step.voltage, m_description.voltageDecimals),
+             number(step.current, m_description.currentDecimals),
+             number(step.time, m_description.timeDecimals));
+}
+
+QString UploadSession::describe(const DelayerData &step) const
+{
+    return tr("%1 for %2 s")
+        .arg(step.state ? tr("On") : tr("Off"), number(step.time, m_description.timeDecimals));
+}
+
+void UploadSession::begin(const UploadParam &param)
+{
+    m_list = param.mode == UploadMode::List;
+    m_total = param.maxCount;
+    m_sent = 0;
+    m_confirmed = 0;
+    m_waitingForWindow = false;
+    m_listSent.clear();
+    m_delayerSent.clear();
+    m_clock.start();
+    m_phase = Phase::Sending;
+
+    if (!m_channel->link()) {
+        end({false, tr("Not connected to an instrument: connect first, then upload"), -1, -1});
+        return;
+    }
+    if (param.channel < 1 || param.channel > m_description.channels.size()) {
+        end({false, tr("This instrument has no channel %1").arg(param.channel), -1, -1});
+        return;
+    }
+    m_channelName = m_description.channels.at(param.channel - 1).name;
+    m_channel->send(m_commands.line("clearStatus"));
+    m_channel->send(m_commands.line("selectChannel", {QString::number(param.channel)}));
+    m_channel->send(m_commands.line(key("listClear", "delayerClear")));
+    m_channel->send(
+        m_commands.line(key("listRepeat", "delayerRepeat"), {QString::number(param.cycles)}));
+    m_channel->send(m_commands.line(key("listEnd", "delayerEnd"), {param.endState}));
+    // Settings the instrument refuses are named as such, not blamed on the first step.
+    m_channel->query(m_commands.line("nextError"), this, [this](const QByteArray &line) {
+        if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
+            return;
+        const auto error = reply::parseError(line);
+        if (!error || error->code != 0)
+            end({false,
+                 tr("The instrument refused the upload's settings: %1")
+                     .arg(error ? QStringLiteral("%1, %2").arg(error->code).arg(error->text)
+                                : QString::fromUtf8(line.left(200))),
+                 -1,
+                 -1});
+    });
+    emit nextWanted();
+}
+
+void UploadSession::step(int index, const ProgrammerData &data)
+{
+    if (m_phase != Phase::Sending)
+        return;
+    // The values go out in full; the instrument, not the host, decides what it accepts.
+    auto full = [](double value) {
+        return QString::number(value, 'g', 15);
+    };
+    if (m_list) {
+        const auto &s = static_cast<const ListData &>(data);
+        m_listSent.append(s);
+        m_channel->send(m_commands.line(
+            "listStep",
+            {QString::number(index + 1), full(s.voltage), full(s.current), full(s.time)}));
+    } else {
+        const auto &s = static_cast<const DelayerData &>(data);
+        m_delayerSent.append(s);
+        m_channel->send(m_commands.line("delayerStep",
+                                        {QString::number(index + 1),
+                                         s.state ? QStringLiteral("ON") : QStringLiteral("OFF"),
+                                         full(s.time)}));
+    }
+    m_sent = index + 1;
+    if (m_sent % syncEvery == 0 || m_sent >= m_total)
+        sync(m_sent);
+    if (m_sent >= m_total || m_sent - m_confirmed < window)
+        emit nextWanted();
+    else
+        m_waitingForWindow = true;
+}
+
+void UploadSession::sync(int upTo)
+{
+    m_channel->query(m_commands.line("nextError"), this, [this, upTo](const QByteArray &line) {
+        if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
+            return;
+        const auto error = reply::parseError(line);
+        if (!error) {
+            end({false,
+                 tr("The instrument's error reply could not be read: %1")
+                     .arg(QString::fromUtf8(line.left(200))),
+                 -1,
+                 -1});
+            return;
+        }
+        if (error->code != 0) {
+            refused(QStringLiteral("%1, %2").arg(error->code).arg(error->text));
+            return;
+        }
+        m_confirmed = qMax(m_confirmed, upTo);
+        const qint64 elapsed = m_clock.elapsed();
+        const qint64 left = m_confirmed > 0 ? elapsed * (m_total - m_confirmed) / m_confirmed : -1;
+        emit progressed(m_confirmed, m_total, left);
+        if (m_waitingForWindow && m_sent - m_confirmed < window) {
+            m_waitingForWindow = false;
+            emit nextWanted();
+        }
+    });
+}
+
+void UploadSession::refused(const QString &error)
+{
+    m_phase = Phase::Ending;
+    m_channel->forget();
+    // Steps are appended in order, so the instrument's count tells which one it refused.
+    m_channel->query(
+        m_commands.line(key("listCount", "delayerCount")),
+        this,
+        [this, error](const QByteArray &line) {
+            const auto held = reply::parseCount(line, m_description.maxCount);
+            m_channel->send(m_commands.line("clearStatus"));
+            if (!held) {
+                end({false, tr("The instrument refused a step: %1").arg(error), -1, -1});
+                return;
+            }
+            end({false,
+                 tr("Step %1 was refused by the instrument: %2 (it holds %3 of %4 steps)")
+                     .arg(*held + 1)
+                     .arg(error)
+                     .arg(*held)
+                     .arg(m_total),
+                 *held,
+                 *held});
+        });
+    emit stopWanted();
+}
+
+void UploadSession::finish()
+{
+    if (m_phase != Phase::Sending)
+        return;
+    m_phase = Phase::Verifying;
+    m_channel->query(m_commands.line(key("listData", "delayerData")),
+                     this,
+                     [this](const QByteArray &line) { verify(line); });
+}
+
+QString UploadSession::stepText(int index) const
+{
+    return m_list ? describe(m_listSent.at(index)) : describe(m_delayerSent.at(index));
+}
+
+void UploadSession::verify(const QByteArray &line)
+{
+    if (m_phase != Phase::Verifying)
+        return;
+    const int bound = m_description.maxCount;
+    QStringList heldSteps;
+    if (m_list) {
+        const auto steps = reply::parseListData(line, bound);
+        if (steps) {
+            for (const ListData &s : *steps)
+                heldSteps << describe(s);
+        }
+    } else {
+        const auto steps = reply::parseDelayerData(line, bound);
+        if (steps) {
+            for (const DelayerData &s : *steps)
+                heldSteps << describe(s);
+        }
+    }
+    if (heldSteps.isEmpty() && !line.trimmed().isEmpty()) {
+        end({false, tr("The instrument's read-back could not be read"), -1, -1});
+        return;
+    }
+    for (int i = 0; i < qMin(heldSteps.size(), m_sent); ++i) {
+        if (heldSteps.at(i) != stepText(i)) {
+            end({false,
+                 tr("Step %1 differs: sent %2, the instrument holds %3")
+                     .arg(i + 1)
+                     .arg(stepText(i), heldSteps.at(i)),
+                 i,
+                 static_cast<int>(heldSteps.size())});
+            return;
+        }
+    }
+    if (heldSteps.size() != m_sent) {
+        end({false,
+             tr("The instrument holds %1 steps, %2 were sent").arg(heldSteps.size()).arg(m_sent),
+             static_cast<int>(qMin<qsizetype>(heldSteps.size(), m_sent)),
+             static_cast<int>(heldSteps.size())});
+        return;
+    }
+    emit progressed(m_sent, m_total, 0);
+    end({true, tr("Verified %1 steps on %2").arg(m_sent).arg(m_channelName), -1, m_sent});
+}
+
+void UploadSession::dialogError(const QString &error)
+{
+    // After the last step the dialog's watchdog still runs out while the read-back goes on; the
+    // session's own reply limit guards that phase.
+    if (m_phase != Phase::Sending)
+        return;
+    end({false,
+         tr("%1: %2 of %3 steps were sent, %4 confirmed by the instrument")
+             .arg(error)
+             .arg(m_sent)
+             .arg(m_total)
+             .arg(m_confirmed),
+         -1,
+         -1});
+}
+
+void UploadSession::cancel()
+{
+    if (m_phase == Phase::Idle || m_phase == Phase::Ending)
+        return;
+    m_phase = Phase::Ending;
+    m_channel->forget();
+    emit stopWanted();
+    if (!m_channel->link()) {
+        end({false, tr("Upload cancelled"), -1, -1});
+        return;
+    }
+    m_channel->query(
+        m_commands.line(key("listCount", "delayerCount")), this, [this](const QByteArray &line) {
+            const auto held = reply::parseCount(line, m_description.maxCount);
+            end({false,
+                 held ? tr("Upload cancelled: the instrument holds %1 of %2 steps")
+                            .arg(*held)
+                            .arg(m_total)
+                      : tr("Upload cancelled"),
+                 -1,
+                 held.value_or(-1)});
+        });
+}
+
+void UploadSession::linkLost(const QString &reason)
+{
+    if (m_phase == Phase::Idle)
+        return;
+    end({false,
+         tr("The connection was lost during the upload (%1): %2 of %3 steps were confirmed")
+             .arg(reason)
+             .arg(m_confirmed)
+             .arg(m_total),
+         -1,
+         -1});
+}
+
+void UploadSession::replyTimedOut(const QByteArray &command)
+{
+    if (m_phase == Phase::Idle)
+        return;
+    end({false,
+         tr("The instrument did not answer %1 within %2 ms: %3 of %4 steps were confirmed")
+             .arg(QString::fromUtf8(command))
+             .arg(m_channel->replyTimeout())
+             .arg(m_confirmed)
+             .arg(m_total),
+         -1,
+         -1});
+}
+
+void UploadSession::end(UploadOutcome outcome)
+{
+    const bool wasEnding = m_phase == Phase::Ending;
+    m_phase = Phase::Idle;
+    m_channel->forget();
+    if (!wasEnding)
+        emit stopWanted();
+    emit ended(outcome);
+}
+
+} // namespace tarn::host

@@ -1,0 +1,94 @@
+// The host's side of an upload: steps written ahead, errors checked in batches, then a read-back.
+#pragma once
+
+#include "commandset.h"
+
+#include <instrumentdescription.h>
+#include <records.h>
+
+#include <QElapsedTimer>
+#include <QObject>
+
+namespace tarn::host {
+
+class CommandChannel;
+
+struct UploadOutcome
+{
+    bool verified = false;
+    QString message;
+    int row = -1;  // the step to show the user, 0-based; -1 for none
+    int held = -1; // steps the instrument holds, when known
+};
+
+// UploadSession turns the dialog's upload run into instrument commands. It never waits for a
+// reply per step: up to `window` steps may be unconfirmed, and every `syncEvery` steps one error
+// query confirms the steps before it, so the upload runs at the link's speed. When the dialog has
+// handed out the last step the session reads the sequence back and compares it with what was sent,
+// as the instrument stores it, rounded to its decimals. It asks for the next step and for the end
+// of the run through signals, which the host delivers from the event loop.
+class UploadSession final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(UploadSession)
+
+public:
+    static constexpr int window = 128;
+    static constexpr int syncEvery = 32;
+
+    UploadSession(CommandChannel *channel,
+                  const sim::InstrumentDescription &description,
+                  const CommandSet &commands,
+                  QObject *parent = nullptr);
+    ~UploadSession() override;
+
+    bool isActive() const { return m_phase != Phase::Idle; }
+
+    // The dialog's run.
+    void begin(const tarn2::specific::orvo5000::programmer::UploadParam &param);
+    void step(int index, const tarn2::specific::orvo5000::programmer::ProgrammerData &data);
+    void finish();
+    void dialogError(const QString &error);
+
+    // The user and the link.
+    void cancel();
+    void linkLost(const QString &reason);
+    void replyTimedOut(const QByteArray &command);
+
+signals:
+    void nextWanted();
+    void stopWanted();
+    void progressed(int confirmed, int total, qint64 msecLeft);
+    void ended(const tarn::host::UploadOutcome &outcome);
+
+private:
+    enum class Phase { Idle, Sending, Verifying, Ending };
+
+    void sync(int upTo);
+    void refused(const QString &error);
+    void verify(const QByteArray &reply);
+    void end(UploadOutcome outcome);
+    QString stepText(int index) const;
+    QString describe(const tarn2::specific::orvo5000::programmer::ListData &step) const;
+    QString describe(const tarn2::specific::orvo5000::programmer::DelayerData &step) const;
+    QString number(double value, int decimals) const;
+    const char *key(const char *list, const char *delayer) const;
+
+    CommandChannel *m_channel;
+    sim::InstrumentDescription m_description;
+    CommandSet m_commands;
+    Phase m_phase = Phase::Idle;
+    bool m_list = true;
+    QString m_channelName;
+    int m_total = 0;
+    int m_sent = 0;
+    int m_confirmed = 0;
+    bool m_waitingForWindow = false;
+    QList<tarn2::specific::orvo5000::programmer::ListData> m_listSent;
+    QList<tarn2::specific::orvo5000::programmer::DelayerData> m_delayerSent;
+    QElapsedTimer m_clock;
+};
+
+} // namespace tarn::host
+
+Q_DECLARE_METATYPE(tarn::host::UploadOutcome)

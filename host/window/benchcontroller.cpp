@@ -1,0 +1,194 @@
+// Connecting, uploading through the session, and telling the user how it went.
+#include "benchcontroller.h"
+
+#include "links/instrumentlink.h"
+#include "links/linkfactory.h"
+#include "session/commandchannel.h"
+#include "session/replyparser.h"
+
+#include <dialogprogrammer.h>
+
+#include <QComboBox>
+#include <QItemSelectionModel>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QTimer>
+
+namespace tarn::host {
+
+using namespace tarn2::specific::orvo5000::programmer;
+
+BenchController::BenchController(DialogProgrammer *dialog,
+                                 const sim::InstrumentDescription &description,
+                                 const CommandSet &commands,
+                                 QObject *parent)
+    : QObject(parent)
+    , m_dialog(dialog)
+    , m_description(description)
+    , m_commands(commands)
+    , m_channel(new CommandChannel(this))
+    , m_session(new UploadSession(m_channel, description, commands, this))
+    , m_connectTimer(new QTimer(this))
+{
+    qRegisterMetaType<tarn::host::BenchController::State>();
+    m_connectTimer->setSingleShot(true);
+    connect(m_connectTimer, &QTimer::timeout, this, [this] {
+        linkFailed(tr("no answer within %1 s").arg(connectTimeoutMs / 1000));
+    });
+    connect(m_channel, &CommandChannel::traffic, this, &BenchController::traffic);
+    connect(m_channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
+
+    connect(dialog, &DialogProgrammer::uploaderStarted, this, [this](const UploadParam &param) {
+        m_uploading = true;
+        m_uploadMode = static_cast<int>(param.mode);
+        emit uploadRunning(true);
+        m_session->begin(param);
+    });
+    connect(dialog, &DialogProgrammer::uploaderNextData, m_session, &UploadSession::step);
+    connect(dialog, &DialogProgrammer::uploaderFinished, m_session, &UploadSession::finish);
+    connect(dialog, &DialogProgrammer::uploaderError, m_session, &UploadSession::dialogError);
+    connect(dialog, &DialogProgrammer::uploaderStoped, this, [this] {
+        m_uploading = false;
+        emit uploadRunning(false);
+    });
+    // The dialog is driven from the event loop, never from inside one of its own signals.
+    connect(m_session, &UploadSession::nextWanted, this, [this] {
+        QTimer::singleShot(0, this, [this] {
+            if (m_uploading && m_dialog)
+                m_dialog->uploaderNext();
+        });
+    });
+    connect(m_session, &UploadSession::stopWanted, this, [this] {
+        QTimer::singleShot(0, this, [this] {
+            if (m_uploading && m_dialog)
+                m_dialog->uploaderStop();
+        });
+    });
+    connect(m_session, &UploadSession::progressed, this, &BenchController::uploadProgress);
+    connect(m_session, &UploadSession::ended, this, [this](const UploadOutcome &outcome) {
+        // The row is selected once the dialog is unlocked again.
+        QTimer::singleShot(0, this, [this, outcome] { showOutcome(outcome); });
+    });
+    limitChannelChoices();
+}
+
+BenchController::~BenchController()
+{
+    m_channel->setLink(nullptr);
+}
+
+InstrumentLink *BenchController::link() const
+{
+    return m_link.get();
+}
+
+void BenchController::limitChannelChoices()
+{
+    // The dialog always offers six channels; those this instrument lacks cannot be chosen.
+    for (const char *name : {"cbbListCH", "cbbDelayerCH"}) {
+        auto *combo = m_dialog->findChild<QComboBox *>(QLatin1String(name));
+        auto *model = combo ? qobject_cast<QStandardItemModel *>(combo->model()) : nullptr;
+        if (!model)
+            continue;
+        for (int i = 0; i < model->rowCount(); ++i) {
+            if (QStandardItem *item = model->item(i))
+                item->setEnabled(i < m_description.channels.size());
+        }
+    }
+}
+
+void BenchController::setState(State state, const QString &message)
+{
+    m_state = state;
+    emit stateChanged(state, message);
+}
+
+void BenchController::connectTo(const QString &address)
+{
+    disconnectFromInstrument();
+    QString error;
+    std::unique_ptr<InstrumentLink> link = createLink(address, m_description, &error);
+    m_address = address.trimmed();
+    if (!link) {
+        setState(State::Disconnected, error);
+        return;
+    }
+    // Replies as long as the longest read-back, with room to spare, and no longer.
+    link->setReplyBound(qMax(64 * 1024, m_description.maxCount * 128));
+    m_link = std::move(link);
+    connect(m_link.get(), &InstrumentLink::opened, this, &BenchController::linkOpened);
+    connect(m_link.get(), &InstrumentLink::failed, this, &BenchController::linkFailed);
+    setState(State::Connecting, tr("Connecting to %1").arg(m_link->address()));
+    m_connectTimer->start(connectTimeoutMs);
+    m_link->open();
+}
+
+void BenchController::linkOpened()
+{
+    m_channel->setLink(m_link.get());
+    m_channel->query(m_commands.line("identify"), this, [this](const QByteArray &line) {
+        m_connectTimer->stop();
+        const auto identity = reply::parseIdentity(line);
+        m_identity = identity.value_or(tr("(no identity)"));
+        setState(State::Connected, tr("Connected to %1").arg(m_link->address()));
+    });
+}
+
+void BenchController::linkFailed(const QString &reason)
+{
+    m_connectTimer->stop();
+    const State was = m_state;
+    const QString address = m_link ? m_link->address() : m_address;
+    m_channel->setLink(nullptr);
+    if (m_link) {
+        m_link->disconnect(this);
+        m_link->close();
+        m_link.release()->deleteLater();
+    }
+    m_identity.clear();
+    m_session->linkLost(reason);
+    setState(State::Disconnected,
+             was == State::Connected ? tr("The connection to %1 was lost: %2").arg(address, reason)
+                                     : tr("Could not connect to %1: %2").arg(address, reason));
+}
+
+void BenchController::disconnectFromInstrument()
+{
+    m_connectTimer->stop();
+    if (!m_link)
+        return;
+    m_session->linkLost(tr("disconnected by the user"));
+    m_channel->setLink(nullptr);
+    m_link->disconnect(this);
+    m_link->close();
+    m_link.release()->deleteLater();
+    m_identity.clear();
+    setState(State::Disconnected, tr("Disconnected"));
+}
+
+void BenchController::cancelUpload()
+{
+    m_session->cancel();
+}
+
+void BenchController::showOutcome(const UploadOutcome &outcome)
+{
+    if (m_dialog) {
+        if (outcome.verified)
+            m_dialog->showInfo(outcome.message, 0);
+        else
+            m_dialog->showError(outcome.message, 0);
+        auto *view = m_dialog->findChild<QTableView *>(
+            m_uploadMode == static_cast<int>(UploadMode::List) ? QStringLiteral("tvList")
+                                                               : QStringLiteral("tvDelayer"));
+        if (outcome.row >= 0 && view && view->model() && outcome.row < view->model()->rowCount()) {
+            const QModelIndex index = view->model()->index(outcome.row, 0);
+            view->selectionModel()->setCurrentIndex(
+                index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            view->scrollTo(index);
+        }
+    }
+    emit uploadEnded(outcome);
+}
+
+} // namespace tarn::host

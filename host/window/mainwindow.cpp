@@ -1,0 +1,242 @@
+// The bench host's window and its controls.
+#include "mainwindow.h"
+
+#include "sequencefiles.h"
+#include "session/instrumentoption.h"
+#include "trafficpanel.h"
+
+#include <dialogprogrammer.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace tarn::host {
+
+using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+const QString recentKey = QStringLiteral("Connection/Recent");
+constexpr int recentCount = 10;
+} // namespace
+
+MainWindow::MainWindow(const sim::InstrumentDescription &description,
+                       const CommandSet &commands,
+                       QWidget *parent)
+    : QMainWindow(parent)
+    , m_dialog(new DialogProgrammer(optionFor(description), this))
+    , m_controller(new BenchController(m_dialog, description, commands, this))
+    , m_traffic(new TrafficPanel(this))
+    , m_trafficDock(new QDockWidget(tr("Command Traffic"), this))
+{
+    setWindowTitle(tr("Bench Sequence Programmer"));
+    // The dialog lives inside the window, not beside it.
+    m_dialog->setWindowFlags(Qt::Widget);
+    m_dialog->installEventFilter(this);
+    setCentralWidget(m_dialog);
+    new SequenceFiles(m_dialog);
+
+    m_trafficDock->setObjectName(QStringLiteral("trafficDock"));
+    m_trafficDock->setWidget(m_traffic);
+    addDockWidget(Qt::BottomDockWidgetArea, m_trafficDock);
+    m_trafficDock->hide();
+    connect(m_controller, &BenchController::traffic, m_traffic, &TrafficPanel::append);
+
+    createConnectionBar();
+    createMenus();
+    createStatusBar();
+    connect(m_controller, &BenchController::stateChanged, this, &MainWindow::showState);
+    showState(BenchController::State::Disconnected, tr("Not connected"));
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::createConnectionBar()
+{
+    auto *bar = addToolBar(tr("Connection"));
+    bar->setObjectName(QStringLiteral("connectionBar"));
+    bar->setMovable(false);
+    bar->addWidget(new QLabel(tr("Instrument:"), bar));
+    m_address = new QComboBox(bar);
+    m_address->setObjectName(QStringLiteral("address"));
+    m_address->setEditable(true);
+    m_address->setMinimumContentsLength(28);
+    m_address->setToolTip(tr("tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for "
+                             "a serial one, sim: for the simulated supply"));
+    m_address->addItems(QSettings().value(recentKey).toStringList());
+    if (m_address->findText(QStringLiteral("sim:")) < 0)
+        m_address->addItem(QStringLiteral("sim:"));
+    bar->addWidget(m_address);
+    m_connect = new QPushButton(tr("Connect"), bar);
+    m_connect->setObjectName(QStringLiteral("connectButton"));
+    m_disconnect = new QPushButton(tr("Disconnect"), bar);
+    m_disconnect->setObjectName(QStringLiteral("disconnectButton"));
+    bar->addWidget(m_connect);
+    bar->addWidget(m_disconnect);
+    bar->addSeparator();
+    m_state = new QLabel(bar);
+    m_state->setObjectName(QStringLiteral("connectionState"));
+    bar->addWidget(m_state);
+    bar->addSeparator();
+    m_identity = new QLabel(bar);
+    m_identity->setObjectName(QStringLiteral("identity"));
+    m_identity->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    bar->addWidget(m_identity);
+
+    connect(
+        m_connect, &QPushButton::clicked, this, [this] { connectTo(m_address->currentText()); });
+    connect(m_address->lineEdit(), &QLineEdit::returnPressed, this, [this] {
+        connectTo(m_address->currentText());
+    });
+    connect(m_disconnect,
+            &QPushButton::clicked,
+            m_controller,
+            &BenchController::disconnectFromInstrument);
+}
+
+void MainWindow::createMenus()
+{
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    struct Entry
+    {
+        QString text;
+        const char *action;
+    };
+    const Entry entries[] = {
+        {tr("Save List..."), "actionSaveList"},
+        {tr("Load List..."), "actionloadList"},
+        {tr("Save Delayer..."), "actionSaveDelayer"},
+        {tr("Load Delayer..."), "actionLoadDelayer"},
+    };
+    for (const Entry &entry : entries) {
+        const char *name = entry.action;
+        file->addAction(entry.text, this, [this, name] { triggerDialogAction(name); });
+    }
+    file->addSeparator();
+    QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
+
+    QMenu *view = menuBar()->addMenu(tr("&View"));
+    QAction *traffic = m_trafficDock->toggleViewAction();
+    traffic->setText(tr("Command &Traffic"));
+    view->addAction(traffic);
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About"), this, &MainWindow::showAbout);
+}
+
+void MainWindow::createStatusBar()
+{
+    m_progress = new QLabel(this);
+    m_progress->setObjectName(QStringLiteral("uploadProgress"));
+    m_cancel = new QPushButton(tr("Cancel Upload"), this);
+    m_cancel->setObjectName(QStringLiteral("cancelUpload"));
+    m_cancel->setToolTip(tr("End the upload now; the instrument keeps the steps it has taken"));
+    statusBar()->addPermanentWidget(m_progress);
+    statusBar()->addPermanentWidget(m_cancel);
+    m_progress->hide();
+    m_cancel->hide();
+    connect(m_cancel, &QPushButton::clicked, m_controller, &BenchController::cancelUpload);
+    connect(m_controller, &BenchController::uploadRunning, this, [this](bool running) {
+        m_cancel->setVisible(running);
+        m_progress->setVisible(running);
+        m_progress->clear();
+    });
+    connect(m_controller,
+            &BenchController::uploadProgress,
+            this,
+            [this](int confirmed, int total, qint64 msecLeft) {
+                m_progress->setText(msecLeft >= 0
+                                        ? tr("%1 of %2 steps confirmed, %3 s left")
+                                              .arg(confirmed)
+                                              .arg(total)
+                                              .arg((msecLeft + 999) / 1000)
+                                        : tr("%1 of %2 steps confirmed").arg(confirmed).arg(total));
+            });
+    connect(m_controller,
+            &BenchController::uploadEnded,
+            this,
+            [this](const UploadOutcome &outcome) { statusBar()->showMessage(outcome.message); });
+}
+
+void MainWindow::connectTo(const QString &address)
+{
+    m_controller->connectTo(address);
+}
+
+void MainWindow::showState(BenchController::State state, const QString &message)
+{
+    const bool connected = state == BenchController::State::Connected;
+    switch (state) {
+    case BenchController::State::Disconnected:
+        m_state->setText(tr("Disconnected"));
+        break;
+    case BenchController::State::Connecting:
+        m_state->setText(tr("Connecting..."));
+        break;
+    case BenchController::State::Connected:
+        m_state->setText(tr("Connected"));
+        rememberAddress(m_controller->address());
+        break;
+    }
+    m_identity->setText(connected ? m_controller->identity() : QString());
+    m_connect->setEnabled(state == BenchController::State::Disconnected);
+    m_disconnect->setEnabled(state != BenchController::State::Disconnected);
+    statusBar()->showMessage(message);
+}
+
+void MainWindow::rememberAddress(const QString &address)
+{
+    QSettings settings;
+    QStringList recent = settings.value(recentKey).toStringList();
+    recent.removeAll(address);
+    recent.prepend(address);
+    while (recent.size() > recentCount)
+        recent.removeLast();
+    settings.setValue(recentKey, recent);
+    const int index = m_address->findText(address);
+    if (index > 0)
+        m_address->removeItem(index);
+    if (m_address->findText(address) < 0)
+        m_address->insertItem(0, address);
+    m_address->setCurrentIndex(0);
+}
+
+void MainWindow::triggerDialogAction(const char *name)
+{
+    if (auto *action = m_dialog->findChild<QAction *>(QLatin1String(name)))
+        action->trigger();
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox::about(this,
+                       tr("About the Bench Sequence Programmer"),
+                       tr("<p><b>Bench Sequence Programmer</b></p>"
+                          "<p>Programs the List and Delayer sequences of multi-channel bench "
+                          "supplies, uploads them with read-back verification and keeps them in "
+                          "CSV files.</p><p>Instrument: %1</p>")
+                           .arg(m_controller->identity().isEmpty() ? tr("not connected")
+                                                                   : m_controller->identity()));
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    // Escape would reject the embedded dialog and leave an empty window behind.
+    if (watched == m_dialog && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+        return true;
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace tarn::host
