@@ -8,9 +8,7 @@
 
 #include <dialogprogrammer.h>
 
-#include <QComboBox>
 #include <QItemSelectionModel>
-#include <QStandardItemModel>
 #include <QTableView>
 #include <QTimer>
 
@@ -69,7 +67,6 @@ BenchController::BenchController(DialogProgrammer *dialog,
         // The row is selected once the dialog is unlocked again.
         QTimer::singleShot(0, this, [this, outcome] { showOutcome(outcome); });
     });
-    limitChannelChoices();
 }
 
 BenchController::~BenchController()
@@ -80,21 +77,6 @@ BenchController::~BenchController()
 InstrumentLink *BenchController::link() const
 {
     return m_link.get();
-}
-
-void BenchController::limitChannelChoices()
-{
-    // The dialog always offers six channels; those this instrument lacks cannot be chosen.
-    for (const char *name : {"cbbListCH", "cbbDelayerCH"}) {
-        auto *combo = m_dialog->findChild<QComboBox *>(QLatin1String(name));
-        auto *model = combo ? qobject_cast<QStandardItemModel *>(combo->model()) : nullptr;
-        if (!model)
-            continue;
-        for (int i = 0; i < model->rowCount(); ++i) {
-            if (QStandardItem *item = model->item(i))
-                item->setEnabled(i < m_description.channels.size());
-        }
-    }
 }
 
 void BenchController::setState(State state, const QString &message)

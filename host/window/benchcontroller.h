@@ -65,7 +65,6 @@ private:
     void linkFailed(const QString &reason);
     void linkOpened();
     void showOutcome(const UploadOutcome &outcome);
-    void limitChannelChoices();
 
     QPointer<tarn2::specific::orvo5000::programmer::DialogProgrammer> m_dialog;
     sim::InstrumentDescription m_description;

@@ -1,0 +1,186 @@
+// Tests of what the bench host reads from instruments and of the command words it sends.
+#include <session/commandset.h>
+#include <session/replyparser.h>
+
+#include <QtTest>
+
+using namespace tarn::host;
+
+class TestHostSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void errorReplies_data();
+    void errorReplies();
+    void listReadBack_data();
+    void listReadBack();
+    void delayerReadBack();
+    void counts_data();
+    void counts();
+    void identityIsShownPrintable();
+    void defaultWordsAreOurCommandSet();
+    void dialectReplacesWords();
+    void badDialectsAreRefused_data();
+    void badDialectsAreRefused();
+};
+
+void TestHostSession::errorReplies_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<bool>("readable");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("no error") << QByteArray("0,\"No error\"") << true << 0 << "No error";
+    QTest::newRow("with detail") << QByteArray("-222,\"Data out of range;step 3\"") << true << -222
+                                 << "Data out of range;step 3";
+    QTest::newRow("unquoted text")
+        << QByteArray("-113,Undefined header") << true << -113 << "Undefined header";
+    QTest::newRow("comma inside the text") << QByteArray("-221,\"a,b\"") << true << -221 << "a,b";
+    QTest::newRow("no comma") << QByteArray("-222") << false << 0 << "";
+    QTest::newRow("not a number") << QByteArray("x,\"y\"") << false << 0 << "";
+    QTest::newRow("positive code") << QByteArray("5,\"y\"") << false << 0 << "";
+    QTest::newRow("empty") << QByteArray() << false << 0 << "";
+}
+
+void TestHostSession::errorReplies()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(bool, readable);
+    QFETCH(int, code);
+    QFETCH(QString, text);
+
+    const auto error = reply::parseError(line);
+    QCOMPARE(error.has_value(), readable);
+    if (readable) {
+        QCOMPARE(error->code, code);
+        QCOMPARE(error->text, text);
+    }
+}
+
+void TestHostSession::listReadBack_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<int>("steps"); // -1: refused
+
+    QTest::newRow("two steps") << QByteArray("1.000,0.500,0.100,2.000,0.500,0.200") << 2;
+    QTest::newRow("empty sequence") << QByteArray("") << 0;
+    QTest::newRow("a field missing") << QByteArray("1.000,0.500,0.100,2.000,0.500") << -1;
+    QTest::newRow("not a number") << QByteArray("1.000,x,0.100") << -1;
+    QTest::newRow("infinite") << QByteArray("inf,0.5,0.1") << -1;
+    QTest::newRow("more steps than the instrument holds")
+        << QByteArray("1,1,1,").repeated(5).append("1,1,1") << -1;
+}
+
+void TestHostSession::listReadBack()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(int, steps);
+
+    const auto list = reply::parseListData(line, 5);
+    QCOMPARE(list.has_value() ? static_cast<int>(list->size()) : -1, steps);
+    if (steps == 2) {
+        QCOMPARE(list->at(1).voltage, 2.0);
+        QCOMPARE(list->at(1).current, 0.5);
+        QCOMPARE(list->at(1).time, 0.2);
+    }
+}
+
+void TestHostSession::delayerReadBack()
+{
+    const auto steps = reply::parseDelayerData("1,0.100,0,0.250,ON,1", 10);
+    QVERIFY(steps.has_value());
+    QCOMPARE(steps->size(), 3);
+    QCOMPARE(steps->at(0).state, true);
+    QCOMPARE(steps->at(1).state, false);
+    QCOMPARE(steps->at(1).time, 0.25);
+    QCOMPARE(steps->at(2).state, true);
+    QVERIFY(!reply::parseDelayerData("2,0.100", 10).has_value());
+    QVERIFY(!reply::parseDelayerData("1,0.100,0", 10).has_value());
+}
+
+void TestHostSession::counts_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<int>("count"); // -1: refused
+
+    QTest::newRow("zero") << QByteArray("0") << 0;
+    QTest::newRow("the bound") << QByteArray("2048") << 2048;
+    QTest::newRow("above the bound") << QByteArray("2049") << -1;
+    QTest::newRow("negative") << QByteArray("-1") << -1;
+    QTest::newRow("text") << QByteArray("RUN") << -1;
+}
+
+void TestHostSession::counts()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(int, count);
+
+    QCOMPARE(reply::parseCount(line, 2048).value_or(-1), count);
+}
+
+void TestHostSession::identityIsShownPrintable()
+{
+    QCOMPARE(reply::parseIdentity("Tarn,Model\x01,1,2\r").value(),
+             QStringLiteral("Tarn,Model\ufffd,1,2"));
+    QCOMPARE(reply::parseIdentity(QByteArray(1000, 'A'))->size(), 200);
+    QVERIFY(!reply::parseIdentity("  ").has_value());
+}
+
+void TestHostSession::defaultWordsAreOurCommandSet()
+{
+    const CommandSet commands;
+    QCOMPARE(commands.line("listStep", {"3", "1.5", "0.5", "0.1"}),
+             QByteArray("LIST:STEP 3,1.5,0.5,0.1"));
+    QCOMPARE(commands.line("delayerStep", {"1", "ON", "2"}), QByteArray("DEL:STEP 1,ON,2"));
+    QCOMPARE(commands.line("selectChannel", {"5"}), QByteArray("INST:NSEL 5"));
+    QCOMPARE(commands.line("nextError"), QByteArray("SYST:ERR?"));
+}
+
+void TestHostSession::dialectReplacesWords()
+{
+    QString error;
+    const auto commands = CommandSet::fromOverrides(
+        {{"listStep", "SEQ:LIST:POINT %1,%2,%3,%4"}, {"selectChannel", "CHAN %1"}}, &error);
+    QVERIFY2(commands.has_value(), qPrintable(error));
+    QCOMPARE(commands->line("listStep", {"1", "2", "3", "4"}),
+             QByteArray("SEQ:LIST:POINT 1,2,3,4"));
+    QCOMPARE(commands->line("selectChannel", {"2"}), QByteArray("CHAN 2"));
+    QCOMPARE(commands->line("listClear"), QByteArray("LIST:CLE"));
+}
+
+void TestHostSession::badDialectsAreRefused_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("error");
+
+    QTest::newRow("unknown word") << "listSteps"
+                                  << "X %1"
+                                  << "field \"commands.listSteps\": no such command word";
+    QTest::newRow("a value lost") << "listStep"
+                                  << "LIST:STEP %1,%2,%3"
+                                  << "field \"commands.listStep\": must hold the placeholders %1, "
+                                     "%2, %3, %4";
+    QTest::newRow("a value invented") << "listClear"
+                                      << "LIST:CLE %1"
+                                      << "field \"commands.listClear\": must hold no placeholder";
+    QTest::newRow("empty") << "nextError"
+                           << " "
+                           << "field \"commands.nextError\": must be one non-empty line";
+}
+
+void TestHostSession::badDialectsAreRefused()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, word);
+    QFETCH(QString, error);
+
+    QString message;
+    QVERIFY(!CommandSet::fromOverrides({{key, word}}, &message).has_value());
+    QCOMPARE(message, error);
+}
+
+QTEST_APPLESS_MAIN(TestHostSession)
+#include "tst_hostsession.moc"
