@@ -77,8 +77,9 @@ std::optional<QByteArray> CommandInterpreter::executeOne(const QByteArray &text)
         m_engine->errors().push(error);
         return std::nullopt;
     }
+    const QList<QByteArray> nodes = scpi::HeaderPattern::nodesOf(command->header);
     for (const Entry &entry : qAsConst(m_entries)) {
-        if (entry.query != command->query || !entry.pattern.matches(command->header))
+        if (entry.query != command->query || !entry.pattern.matches(nodes))
             continue;
         const int count = command->parameters.size();
         if (count < entry.minArguments) {

@@ -261,8 +261,17 @@ HeaderPattern::HeaderPattern(const char *pattern)
 
 bool HeaderPattern::matches(const QByteArray &header) const
 {
-    const QList<QByteArray> tokens = header.toUpper().split(':');
-    return matchFrom(0, tokens, 0);
+    return matches(nodesOf(header));
+}
+
+bool HeaderPattern::matches(const QList<QByteArray> &nodes) const
+{
+    return matchFrom(0, nodes, 0);
+}
+
+QList<QByteArray> HeaderPattern::nodesOf(const QByteArray &header)
+{
+    return header.toUpper().split(':');
 }
 
 bool HeaderPattern::matchFrom(int node, const QList<QByteArray> &tokens, int token) const

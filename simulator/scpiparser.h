@@ -39,6 +39,9 @@ class HeaderPattern
 public:
     explicit HeaderPattern(const char *pattern);
     bool matches(const QByteArray &header) const;
+    // The header already upper-cased and split at its colons, for matching it against many patterns.
+    bool matches(const QList<QByteArray> &nodes) const;
+    static QList<QByteArray> nodesOf(const QByteArray &header);
 
 private:
     struct Node

@@ -69,6 +69,7 @@ void SupplyServer::acceptConnections()
         // A bounded read buffer lets the kernel hold back a client that writes faster than the
         // supply answers.
         socket->setReadBufferSize(LineBuffer::defaultBound);
+        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         connect(socket, &QTcpSocket::readyRead, this, &SupplyServer::readClient);
         connect(socket, &QTcpSocket::bytesWritten, this, &SupplyServer::readClient);
         connect(socket, &QTcpSocket::disconnected, this, [this, socket] {

@@ -11,7 +11,11 @@ TcpLink::TcpLink(const QString &host, quint16 port, QObject *parent)
     , m_port(port)
     , m_socket(new QTcpSocket(this))
 {
-    connect(m_socket, &QTcpSocket::connected, this, &InstrumentLink::opened);
+    connect(m_socket, &QTcpSocket::connected, this, [this] {
+        // Command lines are small and the host waits on replies: no coalescing delay.
+        m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        emit opened();
+    });
     connect(m_socket, &QTcpSocket::readyRead, this, [this] { receive(m_socket->readAll()); });
     connect(m_socket, &QTcpSocket::errorOccurred, this, [this](QAbstractSocket::SocketError error) {
         if (m_closing)

@@ -55,7 +55,32 @@ int placeholders(const QString &word)
 
 CommandSet::CommandSet()
     : m_words(defaults())
-{}
+{
+    prepare();
+}
+
+void CommandSet::prepare()
+{
+    m_pieces.clear();
+    for (auto it = m_words.cbegin(); it != m_words.cend(); ++it) {
+        const QByteArray word = it.value().toUtf8();
+        QVector<Piece> pieces;
+        QByteArray literal;
+        for (int i = 0; i < word.size(); ++i) {
+            if (word.at(i) == '%' && i + 1 < word.size() && word.at(i + 1) >= '1'
+                && word.at(i + 1) <= '9') {
+                pieces.append({literal, -1});
+                pieces.append({{}, word.at(i + 1) - '1'});
+                literal.clear();
+                ++i;
+            } else {
+                literal += word.at(i);
+            }
+        }
+        pieces.append({literal, -1});
+        m_pieces.insert(it.key(), pieces);
+    }
+}
 
 std::optional<CommandSet> CommandSet::fromOverrides(const QHash<QString, QString> &overrides,
                                                     QString *error)
@@ -84,15 +109,39 @@ std::optional<CommandSet> CommandSet::fromOverrides(const QHash<QString, QString
         }
         set.m_words.insert(it.key(), word);
     }
+    set.prepare();
     return set;
 }
 
 QByteArray CommandSet::line(const char *key, const QStringList &arguments) const
 {
-    QString text = word(key);
+    QByteArrayList bytes;
     for (const QString &argument : arguments)
-        text = text.arg(argument);
-    return text.toUtf8();
+        bytes.append(argument.toUtf8());
+    QByteArray text;
+    for (const Piece &piece : m_pieces.value(QLatin1String(key))) {
+        if (piece.argument < 0)
+            text += piece.literal;
+        else if (piece.argument < bytes.size())
+            text += bytes.at(piece.argument);
+    }
+    return text;
+}
+
+QByteArray CommandSet::line(const char *key, std::initializer_list<QByteArray> arguments) const
+{
+    const auto found = m_pieces.constFind(QLatin1String(key));
+    if (found == m_pieces.cend())
+        return {};
+    QByteArray text;
+    text.reserve(64);
+    for (const Piece &piece : *found) {
+        if (piece.argument < 0)
+            text += piece.literal;
+        else if (piece.argument < static_cast<int>(arguments.size()))
+            text += *(arguments.begin() + piece.argument);
+    }
+    return text;
 }
 
 QString CommandSet::word(const char *key) const

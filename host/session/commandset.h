@@ -3,6 +3,9 @@
 
 #include <QHash>
 #include <QString>
+#include <QVector>
+
+#include <initializer_list>
 
 #include <optional>
 
@@ -19,13 +22,23 @@ public:
     static std::optional<CommandSet> fromOverrides(const QHash<QString, QString> &overrides,
                                                    QString *error);
 
-    // The line for `key` with the placeholders filled in order.
+    // The line for `key` with its placeholders %1.. filled in.
     QByteArray line(const char *key, const QStringList &arguments = {}) const;
+    QByteArray line(const char *key, std::initializer_list<QByteArray> arguments) const;
     QString word(const char *key) const;
     static QStringList keys();
 
 private:
+    // A word cut at its placeholders once, so that a line costs no parsing per step.
+    struct Piece
+    {
+        QByteArray literal;
+        int argument = -1; // index into the arguments, or -1 for the literal
+    };
+    void prepare();
+
     QHash<QString, QString> m_words;
+    QHash<QString, QVector<Piece>> m_pieces;
 };
 
 } // namespace tarn::host

@@ -4,11 +4,31 @@
 #include "commandchannel.h"
 #include "replyparser.h"
 
+#include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace tarn::host {
 
 using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+
+// The values go out in full, as the shortest text that reads back as the same double: the
+// instrument, not the host, decides what it accepts and how it rounds.
+QByteArray shortest(double value)
+{
+    char text[32];
+    const auto result = std::to_chars(std::begin(text), std::end(text), value);
+    return QByteArray(text, static_cast<int>(result.ptr - text));
+}
+
+qint64 stored(double value, int decimals)
+{
+    return std::llround(value * std::pow(10.0, decimals));
+}
+
+} // namespace
 
 UploadSession::UploadSession(CommandChannel *channel,
                              const sim::InstrumentDescription &description,
@@ -98,23 +118,20 @@ void UploadSession::step(int index, const ProgrammerData &data)
 {
     if (m_phase != Phase::Sending)
         return;
-    // The values go out in full; the instrument, not the host, decides what it accepts.
-    auto full = [](double value) {
-        return QString::number(value, 'g', 15);
-    };
     if (m_list) {
         const auto &s = static_cast<const ListData &>(data);
         m_listSent.append(s);
-        m_channel->send(m_commands.line(
-            "listStep",
-            {QString::number(index + 1), full(s.voltage), full(s.current), full(s.time)}));
+        m_channel->send(m_commands.line("listStep",
+                                        {QByteArray::number(index + 1),
+                                         shortest(s.voltage),
+                                         shortest(s.current),
+                                         shortest(s.time)}));
     } else {
         const auto &s = static_cast<const DelayerData &>(data);
         m_delayerSent.append(s);
-        m_channel->send(m_commands.line("delayerStep",
-                                        {QString::number(index + 1),
-                                         s.state ? QStringLiteral("ON") : QStringLiteral("OFF"),
-                                         full(s.time)}));
+        m_channel->send(m_commands.line(
+            "delayerStep",
+            {QByteArray::number(index + 1), QByteArray(s.state ? "ON" : "OFF"), shortest(s.time)}));
     }
     m_sent = index + 1;
     if (m_sent % syncEvery == 0 || m_sent >= m_total)
@@ -196,45 +213,62 @@ QString UploadSession::stepText(int index) const
     return m_list ? describe(m_listSent.at(index)) : describe(m_delayerSent.at(index));
 }
 
+bool UploadSession::sameAsStored(int index, const ListData &held) const
+{
+    const ListData &sent = m_listSent.at(index);
+    const sim::InstrumentDescription &d = m_description;
+    return stored(sent.voltage, d.voltageDecimals) == stored(held.voltage, d.voltageDecimals)
+           && stored(sent.current, d.currentDecimals) == stored(held.current, d.currentDecimals)
+           && stored(sent.time, d.timeDecimals) == stored(held.time, d.timeDecimals);
+}
+
+bool UploadSession::sameAsStored(int index, const DelayerData &held) const
+{
+    const DelayerData &sent = m_delayerSent.at(index);
+    return sent.state == held.state
+           && stored(sent.time, m_description.timeDecimals)
+                  == stored(held.time, m_description.timeDecimals);
+}
+
 void UploadSession::verify(const QByteArray &line)
 {
     if (m_phase != Phase::Verifying)
         return;
     const int bound = m_description.maxCount;
-    QStringList heldSteps;
     if (m_list) {
         const auto steps = reply::parseListData(line, bound);
-        if (steps) {
-            for (const ListData &s : *steps)
-                heldSteps << describe(s);
-        }
+        if (steps)
+            compare(*steps);
+        else
+            end({false, tr("The instrument's read-back could not be read"), -1, -1});
     } else {
         const auto steps = reply::parseDelayerData(line, bound);
-        if (steps) {
-            for (const DelayerData &s : *steps)
-                heldSteps << describe(s);
-        }
+        if (steps)
+            compare(*steps);
+        else
+            end({false, tr("The instrument's read-back could not be read"), -1, -1});
     }
-    if (heldSteps.isEmpty() && !line.trimmed().isEmpty()) {
-        end({false, tr("The instrument's read-back could not be read"), -1, -1});
-        return;
-    }
-    for (int i = 0; i < qMin(heldSteps.size(), m_sent); ++i) {
-        if (heldSteps.at(i) != stepText(i)) {
+}
+
+template<class Step> void UploadSession::compare(const QList<Step> &held)
+{
+    const int count = static_cast<int>(held.size());
+    for (int i = 0; i < qMin(count, m_sent); ++i) {
+        if (!sameAsStored(i, held.at(i))) {
             end({false,
                  tr("Step %1 differs: sent %2, the instrument holds %3")
                      .arg(i + 1)
-                     .arg(stepText(i), heldSteps.at(i)),
+                     .arg(stepText(i), describe(held.at(i))),
                  i,
-                 static_cast<int>(heldSteps.size())});
+                 count});
             return;
         }
     }
-    if (heldSteps.size() != m_sent) {
+    if (count != m_sent) {
         end({false,
-             tr("The instrument holds %1 steps, %2 were sent").arg(heldSteps.size()).arg(m_sent),
-             static_cast<int>(qMin<qsizetype>(heldSteps.size(), m_sent)),
-             static_cast<int>(heldSteps.size())});
+             tr("The instrument holds %1 steps, %2 were sent").arg(count).arg(m_sent),
+             qMin(count, m_sent),
+             count});
         return;
     }
     emit progressed(m_sent, m_total, 0);

@@ -33,8 +33,8 @@ class UploadSession final : public QObject
     Q_DISABLE_COPY(UploadSession)
 
 public:
-    static constexpr int window = 128;
-    static constexpr int syncEvery = 32;
+    static constexpr int window = 256;
+    static constexpr int syncEvery = 64;
 
     UploadSession(CommandChannel *channel,
                   const sim::InstrumentDescription &description,
@@ -67,6 +67,10 @@ private:
     void sync(int upTo);
     void refused(const QString &error);
     void verify(const QByteArray &reply);
+    template<class Step> void compare(const QList<Step> &held);
+    bool sameAsStored(int index, const tarn2::specific::orvo5000::programmer::ListData &held) const;
+    bool sameAsStored(int index,
+                      const tarn2::specific::orvo5000::programmer::DelayerData &held) const;
     void end(UploadOutcome outcome);
     QString stepText(int index) const;
     QString describe(const tarn2::specific::orvo5000::programmer::ListData &step) const;

@@ -38,6 +38,7 @@ BenchController::BenchController(DialogProgrammer *dialog,
 
     connect(dialog, &DialogProgrammer::uploaderStarted, this, [this](const UploadParam &param) {
         m_uploading = true;
+        m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
         emit uploadRunning(true);
         m_session->begin(param);
@@ -47,14 +48,13 @@ BenchController::BenchController(DialogProgrammer *dialog,
     connect(dialog, &DialogProgrammer::uploaderError, m_session, &UploadSession::dialogError);
     connect(dialog, &DialogProgrammer::uploaderStoped, this, [this] {
         m_uploading = false;
+        m_nextWanted = false;
         emit uploadRunning(false);
     });
     // The dialog is driven from the event loop, never from inside one of its own signals.
     connect(m_session, &UploadSession::nextWanted, this, [this] {
-        QTimer::singleShot(0, this, [this] {
-            if (m_uploading && m_dialog)
-                m_dialog->uploaderNext();
-        });
+        m_nextWanted = true;
+        schedulePump();
     });
     connect(m_session, &UploadSession::stopWanted, this, [this] {
         QTimer::singleShot(0, this, [this] {
@@ -72,6 +72,30 @@ BenchController::BenchController(DialogProgrammer *dialog,
 BenchController::~BenchController()
 {
     m_channel->setLink(nullptr);
+}
+
+void BenchController::schedulePump()
+{
+    if (m_pumpScheduled || m_pumping)
+        return;
+    m_pumpScheduled = true;
+    QTimer::singleShot(0, this, &BenchController::pump);
+}
+
+// Asks for up to a batch of steps in one turn of the event loop: each step's request still comes
+// from here, not from inside the dialog's signal, but a step costs no event-loop turn of its own,
+// and the link is served between batches.
+void BenchController::pump()
+{
+    m_pumpScheduled = false;
+    m_pumping = true;
+    for (int i = 0; i < pumpBatch && m_nextWanted && m_uploading && m_dialog; ++i) {
+        m_nextWanted = false;
+        m_dialog->uploaderNext();
+    }
+    m_pumping = false;
+    if (m_nextWanted && m_uploading)
+        schedulePump();
 }
 
 InstrumentLink *BenchController::link() const

@@ -52,6 +52,7 @@ public:
     void cancelUpload();
 
     static constexpr int connectTimeoutMs = 5000;
+    static constexpr int pumpBatch = 256;
 
 signals:
     void stateChanged(tarn::host::BenchController::State state, const QString &message);
@@ -61,6 +62,8 @@ signals:
     void uploadEnded(const tarn::host::UploadOutcome &outcome);
 
 private:
+    void schedulePump();
+    void pump();
     void setState(State state, const QString &message);
     void linkFailed(const QString &reason);
     void linkOpened();
@@ -77,6 +80,9 @@ private:
     QString m_address;
     QString m_identity;
     bool m_uploading = false;
+    bool m_nextWanted = false;
+    bool m_pumpScheduled = false;
+    bool m_pumping = false;
     int m_uploadMode = 0;
 };
 

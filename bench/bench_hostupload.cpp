@@ -1,0 +1,145 @@
+// A 2048-step List uploaded and verified over loopback TCP by the bench host, against a host that
+// waits for one round trip per step, both against tarn_supply_sim in the same run.
+#include <dialogprogrammer.h>
+#include <instrumentdescription.h>
+#include <session/commandset.h>
+#include <session/instrumentoption.h>
+#include <window/benchcontroller.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QHostAddress>
+#include <QProcess>
+#include <QPushButton>
+#include <QTcpSocket>
+#include <QTimer>
+
+using namespace tarn::host;
+using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+
+constexpr int steps = 2048;
+
+// tarn_supply_sim on a free loopback port for the length of one benchmark.
+struct Server
+{
+    Server()
+    {
+        process.start(QStringLiteral(TARN_SUPPLY_SIM),
+                      {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0")});
+        QElapsedTimer waited;
+        waited.start();
+        while (!process.canReadLine() && waited.elapsed() < 10000)
+            process.waitForReadyRead(100);
+        const QByteArray ready = process.readLine().trimmed();
+        port = static_cast<quint16>(ready.mid(ready.lastIndexOf(':') + 1).toUInt());
+    }
+    ~Server()
+    {
+        process.terminate();
+        process.waitForFinished(5000);
+    }
+    QProcess process;
+    quint16 port = 0;
+};
+
+// A dialog holding at least 2048 List steps (the uploader sends the instrument's 2048).
+std::unique_ptr<DialogProgrammer> dialogWithSteps(const tarn::sim::InstrumentDescription &d)
+{
+    auto dialog = std::make_unique<DialogProgrammer>(optionFor(d), nullptr);
+    auto *append = dialog->findChild<QPushButton *>(QStringLiteral("btnListTemplateAppend"));
+    for (int i = 0; i < (steps + 29) / 30; ++i)
+        append->click();
+    return dialog;
+}
+
+void BM_UploadAndVerifyWritingAhead(benchmark::State &state)
+{
+    Server server;
+    const auto description = tarn::sim::InstrumentDescription::builtIn();
+    auto dialog = dialogWithSteps(description);
+    BenchController controller(dialog.get(), description, CommandSet());
+    QEventLoop loop;
+    QObject::connect(&controller, &BenchController::stateChanged, &loop, &QEventLoop::quit);
+    controller.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(server.port));
+    loop.exec();
+    bool verified = false;
+    QObject::connect(
+        &controller, &BenchController::uploadEnded, &loop, [&](const UploadOutcome &o) {
+            verified = o.verified;
+            loop.quit();
+        });
+    for (auto _ : state) {
+        dialog->uploaderStart(UploadMode::List);
+        loop.exec();
+        while (controller.isUploading())
+            QCoreApplication::processEvents();
+        if (!verified)
+            state.SkipWithError("not verified");
+    }
+    state.SetItemsProcessed(state.iterations() * steps);
+}
+BENCHMARK(BM_UploadAndVerifyWritingAhead)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(2.0);
+
+// The baseline: each step is written with *OPC? and the next one asked for only on its reply.
+void BM_UploadOneRoundTripPerStep(benchmark::State &state)
+{
+    Server server;
+    const auto description = tarn::sim::InstrumentDescription::builtIn();
+    auto dialog = dialogWithSteps(description);
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, server.port);
+    socket.waitForConnected(5000);
+    QEventLoop loop;
+    QObject::connect(&socket, &QTcpSocket::readyRead, &loop, [&] {
+        while (socket.canReadLine()) {
+            socket.readLine();
+            QTimer::singleShot(0, dialog.get(), [&] { dialog->uploaderNext(); });
+        }
+    });
+    QObject::connect(
+        dialog.get(), &DialogProgrammer::uploaderStarted, &loop, [&](const UploadParam &) {
+            socket.write("INST:NSEL 1;LIST:CLE;LIST:REP 1;LIST:END OFF;*OPC?\n");
+        });
+    QObject::connect(dialog.get(),
+                     &DialogProgrammer::uploaderNextData,
+                     &loop,
+                     [&](int index, const ProgrammerData &data) {
+                         const auto &s = static_cast<const ListData &>(data);
+                         socket.write("LIST:STEP " + QByteArray::number(index + 1) + ','
+                                      + QByteArray::number(s.voltage, 'g', 15) + ','
+                                      + QByteArray::number(s.current, 'g', 15) + ','
+                                      + QByteArray::number(s.time, 'g', 15) + ";*OPC?\n");
+                     });
+    QObject::connect(dialog.get(), &DialogProgrammer::uploaderFinished, &loop, [&] {
+        dialog->uploaderStop();
+        loop.quit();
+    });
+    for (auto _ : state) {
+        dialog->uploaderStart(UploadMode::List);
+        loop.exec();
+    }
+    state.SetItemsProcessed(state.iterations() * steps);
+}
+BENCHMARK(BM_UploadOneRoundTripPerStep)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("TarnBench"));
+    QApplication::setApplicationName(QStringLiteral("bench_hostupload"));
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
