@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Configures and builds one flavour of the project: scripts/build.sh [plain|asan] [build-dir].
+# Configures and builds one flavour of the project: scripts/build.sh [plain|asan] [build-dir] [target...].
+# Without targets it builds everything.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 flavour=${1:-plain}
 dir=${2:-$root/build/$flavour}
+shift $(( $# < 2 ? $# : 2 ))
 
 flags="-Werror"
 if [ "$flavour" = asan ]; then
@@ -12,4 +14,8 @@ fi
 
 cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_FLAGS="$flags" \
     -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
-cmake --build "$dir" -j"$(nproc)"
+targets=()
+for target in "$@"; do
+    targets+=(--target "$target")
+done
+cmake --build "$dir" -j"$(nproc)" "${targets[@]}"
