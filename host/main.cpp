@@ -78,7 +78,12 @@ int main(int argc, char *argv[])
                                   QStringLiteral("size"),
                                   QStringLiteral("1280x800"));
     parser.addOptions({connectTo, instrument, demo, screenshot, tab, size});
+    parser.addPositionalArgument(QStringLiteral("file"),
+                                 QStringLiteral("A List or Delayer sequence file to open (with "
+                                                "--demo: to upload instead of the Sine)."),
+                                 QStringLiteral("[file]"));
     parser.process(app);
+    const QString sequenceFile = parser.positionalArguments().value(0);
 
     sim::InstrumentDescription description = sim::InstrumentDescription::builtIn();
     if (parser.isSet(instrument)) {
@@ -99,8 +104,12 @@ int main(int argc, char *argv[])
         = wh.size() == 2 ? QSize(wh.at(0).toInt(), wh.at(1).toInt()) : QSize(1280, 800);
 
     if (parser.isSet(demo))
-        return runDemo(
-            description, *commands, parser.value(connectTo), parser.value(demo), windowSize);
+        return runDemo(description,
+                       *commands,
+                       parser.value(connectTo),
+                       parser.value(demo),
+                       windowSize,
+                       sequenceFile);
 
     MainWindow window(description, *commands);
     if (parser.isSet(screenshot))
@@ -108,6 +117,8 @@ int main(int argc, char *argv[])
 
     window.resize(windowSize);
     window.show();
+    if (!sequenceFile.isEmpty())
+        window.openSequenceFile(sequenceFile);
     window.connectTo(parser.value(connectTo));
     return QApplication::exec();
 }

@@ -54,6 +54,9 @@ public:
     QList<ListData> listLoadData(const QString &path);
     bool delayerSaveData(const QString &path, const QList<DelayerData> &datas);
     QList<DelayerData> delayerLoadData(const QString &path);
+    // The sequences the tables show, read-only, for a host's checks, undo and copy.
+    const QList<ListData> &listSequence() const;
+    const QList<DelayerData> &delayerSequence() const;
 
     void uploaderStart(UploadMode mode);
     void setupUploader(UploadMode mode);
@@ -138,9 +141,8 @@ private:
     void update_ui_from_delayer_tempparam(const DelayerTemplateParam &p);
     void update_delayer_tempparam_from_ui(DelayerTemplateParam *p);
     void make_delayer_data(const DelayerTemplateParam &p);
-    void make_delayer_plot_data(const QList<DelayerData> &list,
-                                QVector<double> &x,
-                                QVector<double> &y);
+    void
+    make_delayer_plot_data(const QList<DelayerData> &list, QVector<double> &x, QVector<double> &y);
     void update_delayer_plot(const DelayerTemplateParam &p, QVector<double> &x, QVector<double> &y);
     void updateDelayerGroupsWidget();
     void update_delayer_data_model(const QList<DelayerData> &list);

@@ -3,8 +3,11 @@
 
 #include "links/instrumentlink.h"
 #include "links/linkfactory.h"
+#include "prompter.h"
 #include "session/commandchannel.h"
+#include "session/preflight.h"
 #include "session/replyparser.h"
+#include "session/steplimits.h"
 
 #include <dialogprogrammer.h>
 
@@ -41,7 +44,8 @@ BenchController::BenchController(DialogProgrammer *dialog,
         m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
         emit uploadRunning(true);
-        m_session->begin(param);
+        if (preflight(param))
+            m_session->begin(param);
     });
     connect(dialog, &DialogProgrammer::uploaderNextData, m_session, &UploadSession::step);
     connect(dialog, &DialogProgrammer::uploaderFinished, m_session, &UploadSession::finish);
@@ -63,7 +67,12 @@ BenchController::BenchController(DialogProgrammer *dialog,
         });
     });
     connect(m_session, &UploadSession::progressed, this, &BenchController::uploadProgress);
-    connect(m_session, &UploadSession::ended, this, [this](const UploadOutcome &outcome) {
+    connect(m_session, &UploadSession::ended, this, [this](UploadOutcome outcome) {
+        if (m_sequenceLength > outcome.held && outcome.held >= 0 && outcome.verified)
+            outcome.message = tr("%1 (%2 of %3 steps sent; the instrument holds no more)")
+                                  .arg(outcome.message)
+                                  .arg(outcome.held)
+                                  .arg(m_sequenceLength);
         // The row is selected once the dialog is unlocked again.
         QTimer::singleShot(0, this, [this, outcome] { showOutcome(outcome); });
     });
@@ -175,6 +184,44 @@ void BenchController::disconnectFromInstrument()
 void BenchController::cancelUpload()
 {
     m_session->cancel();
+}
+
+bool BenchController::preflight(const UploadParam &param)
+{
+    if (!m_dialog)
+        return false;
+    const StepLimits limits = StepLimits::forChannel(m_description, param.channel - 1);
+    const bool list = param.mode == UploadMode::List;
+    const Preflight check = list ? Preflight::check(m_dialog->listSequence(), limits)
+                                 : Preflight::check(m_dialog->delayerSequence(), limits);
+    m_sequenceLength = list ? m_dialog->listSequence().size() : m_dialog->delayerSequence().size();
+    if (!check.passed()) {
+        refuseUpload({false, check.refusal(), check.firstBad, -1});
+        return false;
+    }
+    if (m_sequenceLength > param.maxCount && m_prompter
+        && m_prompter->question(m_dialog,
+                                tr("Upload"),
+                                tr("The sequence has %1 steps; this instrument holds %2.\n\n"
+                                   "Upload only the first %2 steps?")
+                                    .arg(m_sequenceLength)
+                                    .arg(param.maxCount))
+               != Prompter::Answer::Yes) {
+        refuseUpload(
+            {false, tr("Not uploaded: the sequence is longer than the instrument holds"), -1, -1});
+        return false;
+    }
+    return true;
+}
+
+void BenchController::refuseUpload(const UploadOutcome &outcome)
+{
+    // The dialog's run has started and only it can end it, from the event loop.
+    QTimer::singleShot(0, this, [this, outcome] {
+        if (m_uploading && m_dialog)
+            m_dialog->uploaderStop();
+        showOutcome(outcome);
+    });
 }
 
 void BenchController::showOutcome(const UploadOutcome &outcome)

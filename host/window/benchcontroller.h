@@ -21,6 +21,7 @@ namespace tarn::host {
 
 class CommandChannel;
 class InstrumentLink;
+class Prompter;
 
 // BenchController owns the link to the instrument and the upload session, and wires the dialog's
 // upload signals to the session. It has no widgets of its own, so the whole path from the dialog
@@ -50,6 +51,8 @@ public:
 
     bool isUploading() const { return m_uploading; }
     void cancelUpload();
+    // Asks before an upload that would send only part of a sequence; without one it just does.
+    void setPrompter(Prompter *prompter) { m_prompter = prompter; }
 
     static constexpr int connectTimeoutMs = 5000;
     static constexpr int pumpBatch = 256;
@@ -68,6 +71,9 @@ private:
     void linkFailed(const QString &reason);
     void linkOpened();
     void showOutcome(const UploadOutcome &outcome);
+    // The check before any step leaves: false when the upload is refused or the user declined.
+    bool preflight(const tarn2::specific::orvo5000::programmer::UploadParam &param);
+    void refuseUpload(const UploadOutcome &outcome);
 
     QPointer<tarn2::specific::orvo5000::programmer::DialogProgrammer> m_dialog;
     sim::InstrumentDescription m_description;
@@ -84,6 +90,8 @@ private:
     bool m_pumpScheduled = false;
     bool m_pumping = false;
     int m_uploadMode = 0;
+    Prompter *m_prompter = nullptr;
+    int m_sequenceLength = 0;
 };
 
 } // namespace tarn::host

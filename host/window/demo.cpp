@@ -2,7 +2,9 @@
 #include "demo.h"
 
 #include "mainwindow.h"
+#include "session/sequencereader.h"
 
+#include <character.h>
 #include <dialogprogrammer.h>
 
 #include <QApplication>
@@ -10,6 +12,7 @@
 #include <QEventLoop>
 #include <QPushButton>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -21,7 +24,8 @@ int runDemo(const sim::InstrumentDescription &description,
             const CommandSet &commands,
             const QString &address,
             const QString &screenshotPath,
-            QSize size)
+            QSize size,
+            const QString &sequencePath)
 {
     QTemporaryDir settingsDir;
     QSettings::setDefaultFormat(QSettings::IniFormat);
@@ -31,6 +35,19 @@ int runDemo(const sim::InstrumentDescription &description,
     window.resize(size);
     window.show();
     BenchController *controller = window.controller();
+    using tarn2::specific::orvo5000::programmer::UploadMode;
+    std::optional<UploadMode> fileMode;
+    if (!sequencePath.isEmpty()) {
+        // The window's own guarded load, so the demo refuses what the window would.
+        window.setPrompter(nullptr);
+        fileMode = SequenceReader::modeOf(tarn2::util::character::Character::csvLoad(sequencePath));
+        if (!fileMode || !window.openSequenceFile(sequencePath)) {
+            std::fprintf(stderr,
+                         "demo: %s\n",
+                         qPrintable(window.dialog()->findChild<QStatusBar *>()->currentMessage()));
+            return 1;
+        }
+    }
 
     QEventLoop loop;
     int status = 1;
@@ -48,11 +65,14 @@ int runDemo(const sim::InstrumentDescription &description,
                              std::printf("demo: %s (%s)\n",
                                          qPrintable(message),
                                          qPrintable(controller->identity()));
+                             if (fileMode) {
+                                 window.dialog()->uploaderStart(*fileMode);
+                                 return;
+                             }
                              if (auto *append = window.dialog()->findChild<QPushButton *>(
                                      QStringLiteral("btnListTemplateAppend")))
                                  append->click();
-                             window.dialog()->uploaderStart(
-                                 tarn2::specific::orvo5000::programmer::UploadMode::List);
+                             window.dialog()->uploaderStart(UploadMode::List);
                          } else if (state == BenchController::State::Disconnected) {
                              std::printf("demo: %s\n", qPrintable(message));
                              loop.quit();

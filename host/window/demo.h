@@ -13,12 +13,14 @@ namespace tarn::host {
 class CommandSet;
 
 // Runs with settings of its own, so the user's stored templates neither change it nor are changed
-// by it. Prints the verification line and the screenshot's path; returns 0 only when the read-back
-// matched.
+// by it. Uploads the sequence of `sequencePath` when given, else the default Sine. Prints the
+// verification line and the screenshot's path; returns 0 only when the read-back matched, and 1
+// with the reason when the file or the check before the upload refused the sequence.
 int runDemo(const sim::InstrumentDescription &description,
             const CommandSet &commands,
             const QString &address,
             const QString &screenshotPath,
-            QSize size);
+            QSize size,
+            const QString &sequencePath = QString());
 
 } // namespace tarn::host

@@ -1,9 +1,11 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
 
+#include "sequenceeditor.h"
 #include "sequencefiles.h"
 #include "session/instrumentoption.h"
 #include "trafficpanel.h"
+#include "widgetprompter.h"
 
 #include <dialogprogrammer.h>
 
@@ -44,7 +46,7 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     m_dialog->setWindowFlags(Qt::Widget);
     m_dialog->installEventFilter(this);
     setCentralWidget(m_dialog);
-    new SequenceFiles(m_dialog);
+    m_files = new SequenceFiles(m_dialog, description);
 
     m_trafficDock->setObjectName(QStringLiteral("trafficDock"));
     m_trafficDock->setWidget(m_traffic);
@@ -57,9 +59,26 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     createStatusBar();
     connect(m_controller, &BenchController::stateChanged, this, &MainWindow::showState);
     showState(BenchController::State::Disconnected, tr("Not connected"));
+
+    m_editor = new SequenceEditor(this, m_dialog, m_files);
+    m_ownPrompter = std::make_unique<WidgetPrompter>();
+    setPrompter(m_ownPrompter.get());
+    m_editor->restoreSession();
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::setPrompter(Prompter *prompter)
+{
+    m_files->setPrompter(prompter);
+    m_editor->setPrompter(prompter);
+    m_controller->setPrompter(prompter);
+}
+
+bool MainWindow::openSequenceFile(const QString &path)
+{
+    return m_files->openFile(path);
+}
 
 void MainWindow::createConnectionBar()
 {

@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QComboBox;
 class QDockWidget;
 class QLabel;
@@ -17,6 +19,9 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
+class Prompter;
+class SequenceEditor;
+class SequenceFiles;
 class TrafficPanel;
 
 class MainWindow final : public QMainWindow
@@ -35,6 +40,13 @@ public:
     TrafficPanel *trafficPanel() const { return m_traffic; }
 
     void connectTo(const QString &address);
+
+    SequenceFiles *sequenceFiles() const { return m_files; }
+    SequenceEditor *sequenceEditor() const { return m_editor; }
+    // Who asks the user; tests put their own in. The window keeps using it until replaced.
+    void setPrompter(Prompter *prompter);
+    // A file named on the command line, opened in its tab through the guarded load.
+    bool openSequenceFile(const QString &path);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -59,6 +71,9 @@ private:
     QLabel *m_identity;
     QLabel *m_progress;
     QPushButton *m_cancel;
+    std::unique_ptr<Prompter> m_ownPrompter;
+    SequenceFiles *m_files = nullptr;
+    SequenceEditor *m_editor = nullptr;
 };
 
 } // namespace tarn::host

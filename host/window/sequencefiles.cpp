@@ -1,70 +1,269 @@
-// Saving and loading sequences through file dialogs.
+// Saving and loading sequences, with the checks that keep the user's work.
 #include "sequencefiles.h"
 
+#include "prompter.h"
+#include "session/sequencereader.h"
+#include "session/steplimits.h"
+
+#include <character.h>
 #include <dialogprogrammer.h>
 
-#include <QFileDialog>
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QTabWidget>
 
 namespace tarn::host {
 
 using namespace tarn2::specific::orvo5000::programmer;
+using tarn2::util::character::Character;
 
 namespace {
-QString filter()
+const QString folderKey = QStringLiteral("Files/LastFolder");
+constexpr int messageMs = 8000;
+
+QString tabName(UploadMode mode)
 {
-    return QObject::tr("CSV files (*.csv);;All files (*)");
+    return mode == UploadMode::List ? QObject::tr("List") : QObject::tr("Delayer");
 }
 } // namespace
 
-SequenceFiles::SequenceFiles(DialogProgrammer *dialog)
+SequenceFiles::SequenceFiles(DialogProgrammer *dialog,
+                             const sim::InstrumentDescription &description)
     : QObject(dialog)
     , m_dialog(dialog)
+    , m_description(description)
 {
     connect(dialog,
             &DialogProgrammer::listSaveToCSV,
             this,
-            [this](const QList<ListData> &datas, const UploadParam &) {
-                const QString path
-                    = QFileDialog::getSaveFileName(m_dialog, tr("Save List"), {}, filter());
-                if (!path.isEmpty() && !m_dialog->listSaveData(path, datas))
-                    m_dialog->showError(tr("Could not write %1").arg(path), 5000);
+            [this](const QList<ListData> &datas, const UploadParam &param) {
+                handleSave(UploadMode::List, datas.size(), param, [this, &datas](const QString &p) {
+                    return m_dialog->listSaveData(p, datas);
+                });
             });
     connect(dialog,
             &DialogProgrammer::delayerSaveToCSV,
             this,
-            [this](const QList<DelayerData> &datas, const UploadParam &) {
-                const QString path
-                    = QFileDialog::getSaveFileName(m_dialog, tr("Save Delayer"), {}, filter());
-                if (!path.isEmpty() && !m_dialog->delayerSaveData(path, datas))
-                    m_dialog->showError(tr("Could not write %1").arg(path), 5000);
+            [this](const QList<DelayerData> &datas, const UploadParam &param) {
+                handleSave(
+                    UploadMode::Delayer, datas.size(), param, [this, &datas](const QString &p) {
+                        return m_dialog->delayerSaveData(p, datas);
+                    });
             });
-    // A load keeps the file's repeat count and end state by reading the tab back into param.
     connect(dialog,
             &DialogProgrammer::listLoadFromCSV,
             this,
             [this](QList<ListData> &datas, UploadParam &param) {
-                const QString path
-                    = QFileDialog::getOpenFileName(m_dialog, tr("Load List"), {}, filter());
-                if (path.isEmpty())
-                    return;
-                datas = m_dialog->listLoadData(path);
-                if (datas.isEmpty())
-                    m_dialog->showError(tr("%1 holds no usable list").arg(path), 5000);
-                param = m_dialog->getUploadParamFromUI(UploadMode::List);
+                handleLoad(UploadMode::List, &datas, nullptr, param);
             });
     connect(dialog,
             &DialogProgrammer::delayerLoadFromCSV,
             this,
             [this](QList<DelayerData> &datas, UploadParam &param) {
-                const QString path
-                    = QFileDialog::getOpenFileName(m_dialog, tr("Load Delayer"), {}, filter());
-                if (path.isEmpty())
-                    return;
-                datas = m_dialog->delayerLoadData(path);
-                if (datas.isEmpty())
-                    m_dialog->showError(tr("%1 holds no usable delayer sequence").arg(path), 5000);
-                param = m_dialog->getUploadParamFromUI(UploadMode::Delayer);
+                handleLoad(UploadMode::Delayer, nullptr, &datas, param);
             });
+}
+
+QString SequenceFiles::lastFolder()
+{
+    return QSettings().value(folderKey).toString();
+}
+
+void SequenceFiles::rememberFolder(const QString &path)
+{
+    QSettings().setValue(folderKey, QFileInfo(path).absolutePath());
+}
+
+StepLimits SequenceFiles::limits(UploadMode mode) const
+{
+    const auto *channel = m_dialog->findChild<QComboBox *>(
+        mode == UploadMode::List ? QStringLiteral("cbbListCH") : QStringLiteral("cbbDelayerCH"));
+    return StepLimits::forChannel(m_description, channel ? channel->currentIndex() : 0);
+}
+
+SequenceContent SequenceFiles::current(UploadMode mode) const
+{
+    const UploadParam param = m_dialog->getUploadParamFromUI(mode);
+    SequenceContent content;
+    content.mode = mode;
+    content.cycles = param.cycles;
+    content.endState = param.endState;
+    if (mode == UploadMode::List)
+        content.list = m_dialog->listSequence();
+    else
+        content.delayer = m_dialog->delayerSequence();
+    return content;
+}
+
+void SequenceFiles::triggerDialogAction(UploadMode mode, bool save)
+{
+    const char *name = mode == UploadMode::List
+                           ? (save ? "actionSaveList" : "actionloadList")
+                           : (save ? "actionSaveDelayer" : "actionLoadDelayer");
+    if (auto *action = m_dialog->findChild<QAction *>(QLatin1String(name)))
+        action->trigger();
+}
+
+void SequenceFiles::replace(const SequenceContent &content)
+{
+    m_pending = content;
+    triggerDialogAction(content.mode, false);
+    m_pending.reset();
+}
+
+void SequenceFiles::load(UploadMode mode)
+{
+    triggerDialogAction(mode, false);
+}
+
+bool SequenceFiles::save(UploadMode mode)
+{
+    m_lastSaveWritten = false;
+    triggerDialogAction(mode, true);
+    return m_lastSaveWritten;
+}
+
+bool SequenceFiles::openFile(const QString &path)
+{
+    const std::optional<UploadMode> mode = SequenceReader::modeOf(Character::csvLoad(path));
+    if (!mode) {
+        const QString text
+            = tr("%1 was not opened: %2")
+                  .arg(QDir::toNativeSeparators(path),
+                       QFileInfo::exists(path) ? tr("line 1: it is not a List or Delayer file")
+                                               : tr("the file does not exist"));
+        m_dialog->showError(text, messageMs);
+        if (m_prompter)
+            m_prompter->warning(m_dialog, tr("Open Sequence"), text);
+        return false;
+    }
+    if (auto *tabs = m_dialog->findChild<QTabWidget *>(QStringLiteral("tabWidget")))
+        tabs->setCurrentIndex(*mode == UploadMode::List ? 0 : 1);
+    m_pendingPath = path;
+    m_lastLoadRead = false;
+    triggerDialogAction(*mode, false);
+    m_pendingPath.clear();
+    return m_lastLoadRead;
+}
+
+std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode)
+{
+    QString path = m_pendingPath;
+    if (path.isEmpty() && m_prompter)
+        path = m_prompter->openFileName(m_dialog, tr("Load %1").arg(tabName(mode)), lastFolder());
+    if (path.isEmpty())
+        return std::nullopt;
+    rememberFolder(path);
+
+    ReadResult read = SequenceReader::readFile(Character::csvLoad(path), mode, limits(mode));
+    if (read.ok)
+        return read.content;
+    const QString title = tr("Load %1").arg(tabName(mode));
+    const QString file = QDir::toNativeSeparators(path);
+    if (read.refusedOnlyForEndState && m_prompter
+        && m_prompter->question(m_dialog,
+                                title,
+                                tr("%1 was not loaded: %2.\n\nLoad its %3 steps with the end "
+                                   "state Output Off?")
+                                    .arg(file, read.error)
+                                    .arg(read.content.size()))
+               == Prompter::Answer::Yes) {
+        read.content.endState = QStringLiteral("OFF");
+        return read.content;
+    }
+    const QString text = tr("%1 was not loaded: %2").arg(file, read.error);
+    m_dialog->showError(text, messageMs);
+    if (m_prompter && !read.refusedOnlyForEndState)
+        m_prompter->warning(m_dialog, title, text);
+    return std::nullopt;
+}
+
+void SequenceFiles::handleLoad(UploadMode mode,
+                               QList<ListData> *list,
+                               QList<DelayerData> *delayer,
+                               UploadParam &param)
+{
+    std::optional<SequenceContent> content = m_pending;
+    bool fromFile = false;
+    if (!content) {
+        content = readForLoad(mode);
+        fromFile = content.has_value();
+    }
+    // Whatever is not replaced goes back into the dialog as it was: its load empties otherwise.
+    if (!content)
+        content = current(mode);
+    if (list)
+        *list = content->list;
+    if (delayer)
+        *delayer = content->delayer;
+    param.cycles = content->cycles;
+    if (!content->endState.isEmpty())
+        param.endState = content->endState;
+    m_lastLoadRead = fromFile;
+    if (fromFile)
+        emit loaded(mode);
+}
+
+QString SequenceFiles::writeFailure(const QString &path) const
+{
+    const QFileInfo info(path);
+    if (!info.absoluteDir().exists())
+        return tr("the folder %1 does not exist")
+            .arg(QDir::toNativeSeparators(info.absolutePath()));
+    if (info.isDir())
+        return tr("it is a folder");
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append))
+        return file.errorString();
+    return tr("the file could not be written completely");
+}
+
+void SequenceFiles::handleSave(UploadMode mode,
+                               int count,
+                               const UploadParam &param,
+                               const std::function<bool(const QString &)> &write)
+{
+    const QString title = tr("Save %1").arg(tabName(mode));
+    QStringList problems;
+    if (count == 0)
+        problems << tr("The sequence is empty.");
+    if (mode == UploadMode::List && param.endState == QLatin1String("ON"))
+        problems << tr("It ends in Output On, and a List file with that end state is refused.");
+    if (count > m_description.maxCount)
+        problems << tr("It has %1 steps, more than this instrument's %2.")
+                        .arg(count)
+                        .arg(m_description.maxCount);
+    if (!problems.isEmpty()
+        && (!m_prompter
+            || m_prompter->question(m_dialog,
+                                    title,
+                                    tr("This file would not load back:\n%1\n\nSave anyway?")
+                                        .arg(problems.join(QLatin1Char('\n'))))
+                   != Prompter::Answer::Yes)) {
+        return;
+    }
+
+    QString path = m_prompter ? m_prompter->saveFileName(m_dialog, title, lastFolder()) : QString();
+    if (path.isEmpty())
+        return;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".csv");
+    rememberFolder(path);
+    const QString file = QDir::toNativeSeparators(path);
+    if (!write(path)) {
+        const QString text = tr("Could not write %1: %2").arg(file, writeFailure(path));
+        m_dialog->showError(text, messageMs);
+        if (m_prompter)
+            m_prompter->warning(m_dialog, title, text);
+        return;
+    }
+    m_lastSaveWritten = true;
+    m_dialog->showInfo(tr("Saved %1 steps to %2").arg(count).arg(file), messageMs);
+    emit saved(mode);
 }
 
 } // namespace tarn::host

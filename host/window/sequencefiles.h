@@ -1,9 +1,16 @@
-// The host's handlers of the dialog's file signals: file dialogs, then the dialog's own CSV
-// functions.
+// The host's handlers of the dialog's file signals: guarded loads, checked saves, and the one way
+// the host replaces a tab's sequence.
 #pragma once
+
+#include "session/sequencecontent.h"
+
+#include <instrumentdescription.h>
 
 #include <QObject>
 #include <QPointer>
+
+#include <functional>
+#include <optional>
 
 namespace tarn2::specific::orvo5000::programmer {
 class DialogProgrammer;
@@ -11,16 +18,69 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
+class Prompter;
+class StepLimits;
+
+// SequenceFiles absorbs the dialog's load behaviour, which empties the sequence whenever the
+// handler leaves the list empty: a cancelled, refused or unreadable load hands the current
+// sequence back, so nothing on screen is lost. Every replacement of a sequence by the host (a
+// file, an undo, a paste) goes through the dialog's own load action, which refreshes the table,
+// the step counter and the plot.
 class SequenceFiles final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(SequenceFiles)
 
 public:
-    explicit SequenceFiles(tarn2::specific::orvo5000::programmer::DialogProgrammer *dialog);
+    using UploadMode = tarn2::specific::orvo5000::programmer::UploadMode;
+
+    SequenceFiles(tarn2::specific::orvo5000::programmer::DialogProgrammer *dialog,
+                  const sim::InstrumentDescription &description);
+
+    void setPrompter(Prompter *prompter) { m_prompter = prompter; }
+
+    // Opens a file in the tab its first line names; false, with the user told why, when refused.
+    bool openFile(const QString &path);
+    // Asks for a file and loads it into the tab of `mode`, as the dialog's load action does.
+    void load(UploadMode mode);
+    // Saves the tab's sequence; true when it was written.
+    bool save(UploadMode mode);
+
+    void replace(const SequenceContent &content);
+    SequenceContent current(UploadMode mode) const;
+    StepLimits limits(UploadMode mode) const;
+    int maxCount() const { return m_description.maxCount; }
+
+    // The folder file dialogs start in: the one of the last file opened or saved.
+    static QString lastFolder();
+
+signals:
+    // A load or save that reached a file; the sequence now matches it.
+    void loaded(tarn2::specific::orvo5000::programmer::UploadMode mode);
+    void saved(tarn2::specific::orvo5000::programmer::UploadMode mode);
 
 private:
+    void handleLoad(UploadMode mode,
+                    QList<tarn2::specific::orvo5000::programmer::ListData> *list,
+                    QList<tarn2::specific::orvo5000::programmer::DelayerData> *delayer,
+                    tarn2::specific::orvo5000::programmer::UploadParam &param);
+    std::optional<SequenceContent> readForLoad(UploadMode mode);
+    void handleSave(UploadMode mode,
+                    int count,
+                    const tarn2::specific::orvo5000::programmer::UploadParam &param,
+                    const std::function<bool(const QString &)> &write);
+    QString writeFailure(const QString &path) const;
+    void triggerDialogAction(UploadMode mode, bool save);
+    static void rememberFolder(const QString &path);
+
     QPointer<tarn2::specific::orvo5000::programmer::DialogProgrammer> m_dialog;
+    sim::InstrumentDescription m_description;
+    Prompter *m_prompter = nullptr;
+    // What the next load signal is to apply instead of asking for a file.
+    std::optional<SequenceContent> m_pending;
+    QString m_pendingPath;
+    bool m_lastLoadRead = false;
+    bool m_lastSaveWritten = false;
 };
 
 } // namespace tarn::host

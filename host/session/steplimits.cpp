@@ -1,0 +1,90 @@
+// The limits of a channel, and the texts that name a broken one.
+#include "steplimits.h"
+
+#include <records.h>
+
+#include <QObject>
+
+#include <cmath>
+
+namespace tarn::host {
+
+using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+
+QString text(double value)
+{
+    return QString::number(value, 'g', 12);
+}
+
+QString rangeProblem(const QString &quantity,
+                     double value,
+                     const QString &unit,
+                     const sim::Range &range,
+                     const QString &channel)
+{
+    if (!std::isfinite(value))
+        return QObject::tr("%1 %2 is not a finite number").arg(quantity, text(value));
+    if (value > range.max)
+        return QObject::tr("%1 %2 %3 is above %4's %5 %3")
+            .arg(quantity, text(value), unit, channel, text(range.max));
+    if (value < range.min)
+        return QObject::tr("%1 %2 %3 is below %4's %5 %3")
+            .arg(quantity, text(value), unit, channel, text(range.min));
+    return {};
+}
+
+} // namespace
+
+StepLimits StepLimits::forChannel(const sim::InstrumentDescription &description, int channel)
+{
+    StepLimits limits;
+    if (channel >= 0 && channel < description.channels.size()) {
+        const sim::ChannelDescription &c = description.channels.at(channel);
+        limits.channelName = c.name;
+        limits.voltage = c.voltage;
+        limits.current = c.current;
+    } else {
+        limits.channelName = QObject::tr("channel %1").arg(channel + 1);
+        // Nothing fits a channel that is not there.
+        limits.voltage = {1.0, -1.0};
+        limits.current = {1.0, -1.0};
+    }
+    limits.timeMin = description.timeMin;
+    limits.timeMax = description.timeMax;
+    limits.maxCount = description.maxCount;
+    return limits;
+}
+
+QString StepLimits::timeProblem(double time) const
+{
+    if (!std::isfinite(time))
+        return QObject::tr("time %1 is not a finite number").arg(text(time));
+    if (time < timeMin)
+        return QObject::tr("time %1 s is below the shortest step of %2 s")
+            .arg(text(time), text(timeMin));
+    if (time > timeMax)
+        return QObject::tr("time %1 s is above the longest step of %2 s")
+            .arg(text(time), text(timeMax));
+    return {};
+}
+
+QString StepLimits::problem(const ListData &step) const
+{
+    QString problem = rangeProblem(
+        QObject::tr("voltage"), step.voltage, QStringLiteral("V"), voltage, channelName);
+    if (problem.isEmpty())
+        problem = rangeProblem(
+            QObject::tr("current"), step.current, QStringLiteral("A"), current, channelName);
+    if (problem.isEmpty())
+        problem = timeProblem(step.time);
+    return problem;
+}
+
+QString StepLimits::problem(const DelayerData &step) const
+{
+    return timeProblem(step.time);
+}
+
+} // namespace tarn::host
