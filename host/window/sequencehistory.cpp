@@ -126,7 +126,9 @@ SequenceHistory::SequenceHistory(UploadMode mode, DialogProgrammer *dialog, Sequ
 
 SequenceHistory::~SequenceHistory()
 {
-    // Commands hold a pointer back to the history; they go first.
+    // Commands hold a pointer back to the history; they go first, silently, since the dialog and
+    // the editor listening to the stack may be half destroyed by now.
+    m_stack->blockSignals(true);
     m_stack->clear();
 }
 
