@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Configures and builds one flavour of the project: scripts/build.sh [plain|asan] [build-dir].
+# Configures and builds one flavour of the project: scripts/build.sh [plain|asan|release] [build-dir].
+# "release" is the optimised build the benchmark figures are measured on.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 flavour=${1:-plain}
@@ -10,6 +11,9 @@ if [ "$flavour" = asan ]; then
     flags="$flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1"
 fi
 
-cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_FLAGS="$flags" \
+type=RelWithDebInfo
+[ "$flavour" = release ] && type=Release
+
+cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=$type -DCMAKE_CXX_FLAGS="$flags" \
     -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
-cmake --build "$dir" -j"$(nproc)"
+cmake --build "$dir" -j"$(nproc)" ${BUILD_TARGET:+--target "$BUILD_TARGET"}
