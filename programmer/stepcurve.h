@@ -15,7 +15,8 @@ namespace tarn2::specific::orvo5000::programmer {
 // from the first one that changed, so a long sequence costs little more to edit than a short one.
 // Every point is kept exactly; only drawing is thinned: when there are far more points than the
 // plot has pixel columns, each column is drawn from its first, lowest, highest and last point,
-// which covers the same pixels as drawing them all.
+// which covers the same pixels as drawing them all but for a line moved by one pixel where a point
+// sits on a column's edge.
 class TARN2_SPECIFIC_EXPORT StepCurve final : public QCPCurve
 {
     Q_OBJECT
