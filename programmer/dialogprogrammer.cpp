@@ -164,6 +164,29 @@ void DialogProgrammer::showStepTable(QTableView *view, QAbstractItemModel *model
     view->setSelectionBehavior(QAbstractItemView::SelectItems);
 }
 
+void DialogProgrammer::trackPlotChanges(QAbstractItemModel *model, int &dirtyFrom)
+{
+    // Connected before the refresh, so a changed row is known when the refresh runs.
+    const auto changedFrom = [&dirtyFrom](int row) {
+        dirtyFrom = qMin(dirtyFrom, qMax(row, 0));
+    };
+    connect(model,
+            &QAbstractItemModel::dataChanged,
+            this,
+            [changedFrom](const QModelIndex &topLeft) { changedFrom(topLeft.row()); });
+    connect(model,
+            &QAbstractItemModel::rowsInserted,
+            this,
+            [changedFrom](const QModelIndex &, int first) { changedFrom(first); });
+    connect(model,
+            &QAbstractItemModel::rowsRemoved,
+            this,
+            [changedFrom](const QModelIndex &, int first) { changedFrom(first); });
+    connect(model, &QAbstractItemModel::modelReset, this, [changedFrom] { changedFrom(0); });
+    connect(model, &QAbstractItemModel::layoutChanged, this, [changedFrom] { changedFrom(0); });
+    connect(model, &QAbstractItemModel::rowsMoved, this, [changedFrom] { changedFrom(0); });
+}
+
 void DialogProgrammer::showInfo(const QString &text, int timeout)
 {
     statusBar->setStyleSheet(QString());

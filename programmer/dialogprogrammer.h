@@ -117,6 +117,8 @@ private:
     };
     void prepareStepPlot(QCustomPlot *plot, StepPlotFrame frame);
     void showStepTable(QTableView *view, QAbstractItemModel *model);
+    // Keeps `dirtyFrom` at the first row of `model` that changed since its plot was refreshed.
+    void trackPlotChanges(QAbstractItemModel *model, int &dirtyFrom);
 
     // List tab
     void initListWidgets();
@@ -183,6 +185,12 @@ private:
     QCPCurve *delayerTemplateCurve = nullptr;
     QCPCurve *delayerCurve = nullptr;
     QCPItemText *listInvalidText = nullptr;
+    // The first step of each sequence whose plot points may be out of date (INT_MAX when none
+    // is), kept by the table models' signals, and the tick scale the points were computed with.
+    int listPlotDirtyFrom = 0;
+    int delayerPlotDirtyFrom = 0;
+    double listPlotScale = 0.0;
+    double delayerPlotScale = 0.0;
     QCPItemText *delayerInvalidText = nullptr;
 
     QStatusBar *statusBar = nullptr;

@@ -9,10 +9,12 @@
 #include "plotcolors.h"
 #include "plotvalues.h"
 #include "sequencebuilder.h"
+#include "stepcurve.h"
 
 #include <qcustomplot.h>
 
 #include <cmath>
+#include <limits>
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -43,13 +45,14 @@ void DialogProgrammer::initDelayerWidgets()
     prepareStepPlot(plot, {false, false, false, false});
     plot->xAxis->setRange(0, 100);
     plot->yAxis->setRange(0, 1);
-    delayerCurve = new QCPCurve(plot->xAxis, plot->yAxis);
+    delayerCurve = new StepCurve(plot->xAxis, plot->yAxis);
     delayerCurve->setPen(QPen(voltageColor()));
 
     delayerTemplateModel = new DelayerTemplateModel(delayerTemplateData, ui->tvDelayerTemplate);
     showStepTable(ui->tvDelayerTemplate, delayerTemplateModel);
 
     delayerDataModel = new DelayerModel(delayerData, ui->tvDelayer);
+    trackPlotChanges(delayerDataModel, delayerPlotDirtyFrom);
     connect(delayerDataModel,
             &QAbstractItemModel::dataChanged,
             this,
@@ -62,7 +65,7 @@ void DialogProgrammer::initDelayerWidgets()
     prepareStepPlot(plot, {false, false, false, true});
     plot->xAxis->setRange(0, 100);
     plot->yAxis->setRange(0, 1);
-    delayerTemplateCurve = new QCPCurve(plot->xAxis, plot->yAxis);
+    delayerTemplateCurve = new StepCurve(plot->xAxis, plot->yAxis);
 
     ui->btnDelayerTemplateAppend->setIcon(QIcon(QStringLiteral(":images/append3.png")));
     ui->btnDelayerTemplateInsert->setIcon(QIcon(QStringLiteral(":images/insert32.png")));
@@ -191,12 +194,18 @@ void DialogProgrammer::make_delayer_plot_data(const QList<DelayerData> &list,
                                               QVector<double> &x,
                                               QVector<double> &y)
 {
+    // The points of make_plot_values() over (1 or 0, time × 10^timeDecimals) steps, read straight
+    // from the list.
     const double scale = std::pow(10.0, Helper::getInstance().option.timeDecimals);
-    QVector<QVector<double>> steps;
-    steps.reserve(list.size());
-    for (const DelayerData &step : list)
-        steps.append({step.state ? 1.0 : 0.0, step.time * scale});
-    make_plot_values(steps, x, y, Qt::AlignRight);
+    make_step_plot_values(
+        list.size(),
+        [&list, scale](int i, double &level, double &duration) {
+            const DelayerData &step = list.at(i);
+            level = step.state ? 1.0 : 0.0;
+            duration = step.time * scale;
+        },
+        x,
+        y);
 }
 
 void DialogProgrammer::update_delayer_plot(const DelayerTemplateParam &,
@@ -204,7 +213,7 @@ void DialogProgrammer::update_delayer_plot(const DelayerTemplateParam &,
                                            QVector<double> &y)
 {
     QCustomPlot *plot = ui->plotDelayerTemplate;
-    delayerTemplateCurve->setData(x, y);
+    static_cast<StepCurve *>(delayerTemplateCurve)->setPoints(x, y);
     // The title reads the List tab's template name; kept so, as users have always seen it.
     if (auto *title = qobject_cast<QCPTextElement *>(plot->plotLayout()->element(0, 0)))
         title->setText(ui->cbbListTempType->currentText());
@@ -224,15 +233,23 @@ void DialogProgrammer::updateDelayerGroupsWidget()
                                            ? QStringLiteral("background-color:#ff0000")
                                            : QString());
 
-    QVector<double> x;
-    QVector<double> y;
-    make_delayer_plot_data(delayerData, x, y);
-    delayerCurve->setData(x, y);
+    // The points of make_delayer_plot_data(), recomputed from the first step that changed since
+    // the last refresh.
+    const double scale = std::pow(10.0, Helper::getInstance().option.timeDecimals);
+    const int from = scale == delayerPlotScale ? delayerPlotDirtyFrom : 0;
+    delayerPlotDirtyFrom = std::numeric_limits<int>::max();
+    delayerPlotScale = scale;
+    auto *curve = static_cast<StepCurve *>(delayerCurve);
+    curve->setSteps(count, from, [this, scale](int i, double &level, double &duration) {
+        const DelayerData &step = delayerData.at(i);
+        level = step.state ? 1.0 : 0.0;
+        duration = step.time * scale;
+    });
 
     QCustomPlot *plot = ui->plotDelayer;
     // The plot ignores a range of no width and would go on showing the scale of the steps that
     // were there before, so an empty sequence, or one of zero-length steps, gets a unit range.
-    const double end = x.isEmpty() ? 0.0 : x.last();
+    const double end = curve->data()->isEmpty() ? 0.0 : (curve->data()->constEnd() - 1)->key;
     plot->xAxis->setRange(0, end > 0 ? end : 1.0);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->setRange(0, 1);

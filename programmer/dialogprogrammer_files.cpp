@@ -77,6 +77,38 @@ bool readHeader(const QList<QString> &lines,
     return count >= 1 && count <= Helper::getInstance().option.maxCount;
 }
 
+// The fields of a step line, found in place: the same fields a split at "," gives, with empty ones
+// kept, without a list of strings for every line of a long file.
+class StepFields
+{
+public:
+    explicit StepFields(const QString &line)
+        : m_line(line)
+    {}
+
+    // Puts `count` fields from field `first` on (0-based) into `fields`; false when the line has
+    // fewer than `atLeast` fields.
+    bool read(int atLeast, int first, QStringRef *fields, int count)
+    {
+        int begin = 0;
+        int field = 0;
+        while (field < atLeast) {
+            const int comma = m_line.indexOf(kSeparator, begin);
+            const int end = comma < 0 ? m_line.size() : comma;
+            if (field >= first && field < first + count)
+                fields[field - first] = m_line.midRef(begin, end - begin);
+            ++field;
+            if (comma < 0)
+                break;
+            begin = comma + 1;
+        }
+        return field >= atLeast;
+    }
+
+private:
+    const QString &m_line;
+};
+
 // The step lines that are read: at most maxCount of them, the rest is cut without a message.
 int stepLineCount(const QList<QString> &lines)
 {
@@ -139,12 +171,11 @@ QList<ListData> DialogProgrammer::listLoadData(const QString &path)
     QList<ListData> steps;
     const int count = stepLineCount(lines);
     steps.reserve(count);
+    QStringRef fields[3];
     for (int i = 0; i < count; ++i) {
-        const QStringList fields = lines.at(kHeaderLines + i).split(kSeparator);
-        if (fields.size() < 4)
+        if (!StepFields(lines.at(kHeaderLines + i)).read(4, 1, fields, 3))
             continue;
-        steps.append(ListData(fields.at(1).toDouble(), fields.at(2).toDouble(),
-                              fields.at(3).toDouble()));
+        steps.append(ListData(fields[0].toDouble(), fields[1].toDouble(), fields[2].toDouble()));
     }
 
     ui->sbListCycles->setValue(header.cycles);
@@ -167,11 +198,11 @@ QList<DelayerData> DialogProgrammer::delayerLoadData(const QString &path)
     QList<DelayerData> steps;
     const int count = stepLineCount(lines);
     steps.reserve(count);
+    QStringRef fields[2];
     for (int i = 0; i < count; ++i) {
-        const QStringList fields = lines.at(kHeaderLines + i).split(kSeparator);
-        if (fields.size() < 3)
+        if (!StepFields(lines.at(kHeaderLines + i)).read(3, 1, fields, 2))
             continue;
-        steps.append(DelayerData(fields.at(1) == QLatin1String("On"), fields.at(2).toDouble()));
+        steps.append(DelayerData(fields[0] == QLatin1String("On"), fields[1].toDouble()));
     }
 
     ui->sbDelayerCycles->setValue(header.cycles);

@@ -9,10 +9,12 @@
 #include "plotcolors.h"
 #include "plotvalues.h"
 #include "sequencebuilder.h"
+#include "stepcurve.h"
 
 #include <qcustomplot.h>
 
 #include <cmath>
+#include <limits>
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -81,10 +83,10 @@ void DialogProgrammer::initListWidgets()
     plot->yAxis->setLabel(tr("Voltage(V)"));
     plot->yAxis->setRange(0, 35);
     plot->yAxis2->setLabel(tr("Current(A)"));
-    listVoltageCurve = new QCPCurve(plot->xAxis, plot->yAxis);
+    listVoltageCurve = new StepCurve(plot->xAxis, plot->yAxis);
     listVoltageCurve->setName(tr("Voltage"));
     listVoltageCurve->setPen(QPen(voltageColor()));
-    listCurrentCurve = new QCPCurve(plot->xAxis, plot->yAxis2);
+    listCurrentCurve = new StepCurve(plot->xAxis, plot->yAxis2);
     listCurrentCurve->setName(tr("Current"));
     listCurrentCurve->setPen(QPen(currentColor()));
 
@@ -92,6 +94,7 @@ void DialogProgrammer::initListWidgets()
     showStepTable(ui->tvListTemplate, listTemplateModel);
 
     listDataModel = new ListDataModel(listData, ui->tvList);
+    trackPlotChanges(listDataModel, listPlotDirtyFrom);
     connect(listDataModel,
             &QAbstractItemModel::dataChanged,
             this,
@@ -104,7 +107,7 @@ void DialogProgrammer::initListWidgets()
     prepareStepPlot(plot, {false, true, false, true});
     plot->xAxis->setRange(0, 100);
     plot->yAxis->setRange(0, 35);
-    listTemplateCurve = new QCPCurve(plot->xAxis, plot->yAxis);
+    listTemplateCurve = new StepCurve(plot->xAxis, plot->yAxis);
 
     ui->cbbListTempType->clear();
     for (const TypeEntry &entry : kListTypes)
@@ -324,15 +327,18 @@ void DialogProgrammer::make_list_data(const ListTemplateParam &p)
     }
     listInvalidText->setVisible(false);
 
-    const QList<ListData> rows = make_list_wave(p);
-    listTemplateData.clear();
-    listTemplateData.reserve(rows.size());
-    for (const ListData &row : rows) {
-        if (p.object == 0)
-            listTemplateData.append(ListData(row.voltage, p.current, row.time));
-        else
-            listTemplateData.append(ListData(p.voltage, row.voltage, row.time));
+    // The generated rows become the preview in place: the value moves to the quantity the
+    // template drives and the fixed one joins it, without a second list of steps.
+    QList<ListData> rows = make_list_wave(p);
+    for (ListData &row : rows) {
+        if (p.object == 0) {
+            row.current = p.current;
+        } else {
+            row.current = row.voltage;
+            row.voltage = p.voltage;
+        }
     }
+    listTemplateData.swap(rows);
     listTemplateModel->setSourceData(listTemplateData);
 
     make_list_plot_data(listTemplateData, p.object == 0, x, y);
@@ -344,12 +350,18 @@ void DialogProgrammer::make_list_plot_data(const QList<ListData> &list,
                                            QVector<double> &x,
                                            QVector<double> &y)
 {
+    // The points of make_plot_values() over (value, time × 10^timeDecimals) steps, read straight
+    // from the list.
     const double scale = std::pow(10.0, Helper::getInstance().option.timeDecimals);
-    QVector<QVector<double>> steps;
-    steps.reserve(list.size());
-    for (const ListData &step : list)
-        steps.append({voltage ? step.voltage : step.current, step.time * scale});
-    make_plot_values(steps, x, y, Qt::AlignRight);
+    make_step_plot_values(
+        list.size(),
+        [&list, voltage, scale](int i, double &level, double &duration) {
+            const ListData &step = list.at(i);
+            level = voltage ? step.voltage : step.current;
+            duration = step.time * scale;
+        },
+        x,
+        y);
 }
 
 void DialogProgrammer::update_list_plot(const ListTemplateParam &p,
@@ -371,7 +383,7 @@ void DialogProgrammer::update_list_plot(const ListTemplateParam &p,
     plot->yAxis->setRange(range.first, range.second);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->scaleRange(1.01);
-    listTemplateCurve->setData(x, y);
+    static_cast<StepCurve *>(listTemplateCurve)->setPoints(x, y);
     plot->replot(QCustomPlot::rpRefreshHint);
 }
 
@@ -383,12 +395,24 @@ void DialogProgrammer::updateListGroupsWidget()
                                         ? QStringLiteral("background-color:#ff0000")
                                         : QString());
 
-    QVector<double> x;
-    QVector<double> y;
-    make_list_plot_data(listData, true, x, y);
-    listVoltageCurve->setData(x, y);
-    make_list_plot_data(listData, false, x, y);
-    listCurrentCurve->setData(x, y);
+    // The points of make_list_plot_data() for both quantities, recomputed from the first step
+    // that changed since the last refresh.
+    const double scale = std::pow(10.0, Helper::getInstance().option.timeDecimals);
+    const int from = scale == listPlotScale ? listPlotDirtyFrom : 0;
+    listPlotDirtyFrom = std::numeric_limits<int>::max();
+    listPlotScale = scale;
+    static_cast<StepCurve *>(listVoltageCurve)
+        ->setSteps(count, from, [this, scale](int i, double &level, double &duration) {
+            const ListData &step = listData.at(i);
+            level = step.voltage;
+            duration = step.time * scale;
+        });
+    auto *currentCurve = static_cast<StepCurve *>(listCurrentCurve);
+    currentCurve->setSteps(count, from, [this, scale](int i, double &level, double &duration) {
+        const ListData &step = listData.at(i);
+        level = step.current;
+        duration = step.time * scale;
+    });
 
     const int channel = Helper::getInstance().currentChannel;
     const QPair<double, double> voltageRange = getVRangeOfChannel(channel);
@@ -396,7 +420,8 @@ void DialogProgrammer::updateListGroupsWidget()
     QCustomPlot *plot = ui->plotList;
     // The plot ignores a range of no width and would go on showing the scale of the steps that
     // were there before, so an empty sequence, or one of zero-length steps, gets a unit range.
-    const double end = x.isEmpty() ? 0.0 : x.last();
+    const double end
+        = currentCurve->data()->isEmpty() ? 0.0 : (currentCurve->data()->constEnd() - 1)->key;
     plot->xAxis->setRange(0, end > 0 ? end : 1.0);
     plot->xAxis->scaleRange(1.01);
     plot->yAxis->setRange(voltageRange.first, voltageRange.second);

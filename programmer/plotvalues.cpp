@@ -33,4 +33,27 @@ void make_plot_values(const QVector<QVector<double>> &steps,
     }
 }
 
+void make_step_plot_values(int count,
+                           const PlotStepReader &step,
+                           QVector<double> &x,
+                           QVector<double> &y)
+{
+    count = qMax(count, 0);
+    x.resize(2 * count);
+    y.resize(2 * count);
+    double *xs = x.data();
+    double *ys = y.data();
+    double t = 0.0;
+    for (int i = 0; i < count; ++i) {
+        double level = 0.0;
+        double duration = 0.0;
+        step(i, level, duration);
+        xs[2 * i] = t;
+        ys[2 * i] = level;
+        t = std::trunc(t + duration);
+        xs[2 * i + 1] = t;
+        ys[2 * i + 1] = level;
+    }
+}
+
 } // namespace tarn2::specific::orvo5000::programmer

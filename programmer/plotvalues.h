@@ -5,6 +5,8 @@
 
 #include <QVector>
 
+#include <functional>
+
 namespace tarn2::specific::orvo5000::programmer {
 
 // Fills x and y (cleared first) from `steps`, each holding a level at index 0 and a duration in
@@ -17,5 +19,15 @@ TARN2_SPECIFIC_EXPORT void make_plot_values(const QVector<QVector<double>> &step
                                             QVector<double> &x,
                                             QVector<double> &y,
                                             Qt::Alignment alignment);
+
+// Step i's level and its duration in ticks, as element 0 and 1 of a step of make_plot_values().
+using PlotStepReader = std::function<void(int i, double &level, double &duration)>;
+
+// The points make_plot_values() gives in its two-point form (Qt::AlignRight) for `count` steps
+// read through `step`, bit for bit, without building a vector per step.
+TARN2_SPECIFIC_EXPORT void make_step_plot_values(int count,
+                                                 const PlotStepReader &step,
+                                                 QVector<double> &x,
+                                                 QVector<double> &y);
 
 } // namespace tarn2::specific::orvo5000::programmer

@@ -142,13 +142,13 @@ QList<ListData> make_list_wave(const ListTemplateParam &param)
     if (!generator)
         return list;
 
+    // 10^timeDecimals is worked out once: the same number every step would compute afresh.
     const std::vector<double> levels = generator->generate();
-    list.reserve(static_cast<int>(levels.size()));
-    for (std::size_t i = 0; i < levels.size(); ++i) {
-        const int index = static_cast<int>(i);
+    const int count = static_cast<int>(levels.size());
+    list.reserve(count);
+    for (int i = 0; i < count; ++i) {
         const double value = tarn::core::algorithm::unnormalize(levels[i], low, high);
-        const double time = generator->time(index) / tickScale();
-        list.append(ListData(value, 0.0, time));
+        list.append(ListData(value, 0.0, generator->time(i) / scale));
     }
     return list;
 }
@@ -159,16 +159,16 @@ QList<DelayerData> make_delayer_wave(const DelayerTemplateParam &param)
     if (delayer_wave_step_count(param) > kMaxTemplateSteps)
         return list;
 
-    const std::unique_ptr<DelayerGenerator> generator = makeDelayerGenerator(param, tickScale());
+    const double scale = tickScale();
+    const std::unique_ptr<DelayerGenerator> generator = makeDelayerGenerator(param, scale);
     if (!generator || !generator->isValid())
         return list;
 
     const std::vector<double> levels = generator->generate();
-    list.reserve(static_cast<int>(levels.size()));
-    for (std::size_t i = 0; i < levels.size(); ++i) {
-        const double time = generator->time(static_cast<int>(i)) / tickScale();
-        list.append(DelayerData(qFuzzyCompare(levels[i], 1.0), time));
-    }
+    const int count = static_cast<int>(levels.size());
+    list.reserve(count);
+    for (int i = 0; i < count; ++i)
+        list.append(DelayerData(qFuzzyCompare(levels[i], 1.0), generator->time(i) / scale));
     return list;
 }
 

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Configures and builds one flavour of the project: scripts/build.sh [plain|asan] [build-dir] [target...].
-# Without targets it builds everything.
+# Configures and builds one flavour of the project:
+#   scripts/build.sh [plain|asan|release] [build-dir] [target...]
+# Without targets it builds everything. "release" is the optimised build the benchmark figures are
+# measured on.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 flavour=${1:-plain}
@@ -12,7 +14,10 @@ if [ "$flavour" = asan ]; then
     flags="$flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1"
 fi
 
-cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_CXX_FLAGS="$flags" \
+type=RelWithDebInfo
+[ "$flavour" = release ] && type=Release
+
+cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=$type -DCMAKE_CXX_FLAGS="$flags" \
     -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
 targets=()
 for target in "$@"; do

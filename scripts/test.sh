@@ -19,3 +19,6 @@ export ASAN_OPTIONS="halt_on_error=1:abort_on_error=1:detect_leaks=1:strict_stri
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
 export LSAN_OPTIONS="suppressions=$root/scripts/lsan.supp:print_suppressions=0"
 (cd "$root/build/asan" && ctest --output-on-failure --timeout 900)
+
+echo "== fuzz targets (clang, address, undefined): every corpus replayed, then a short run each"
+"$root/scripts/fuzz.sh" --smoke 5

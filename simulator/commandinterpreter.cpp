@@ -10,6 +10,12 @@ namespace tarn::sim {
 
 namespace {
 
+// What a command handler returns: an empty answer when it did its work, nothing when it failed.
+std::optional<QByteArray> done(bool ok)
+{
+    return ok ? std::optional<QByteArray>(QByteArray()) : std::nullopt;
+}
+
 QByteArray unquoted(const QByteArray &text)
 {
     if (text.size() >= 2 && (text.startsWith('"') || text.startsWith('\''))
@@ -199,9 +205,7 @@ void CommandInterpreter::addChannel()
         1,
         [this, engine](const Arguments &a) -> std::optional<QByteArray> {
             const std::optional<int> n = integer(a.at(0));
-            if (n && engine->selectChannel(*n - 1))
-                return QByteArray();
-            return std::nullopt;
+            return done(n && engine->selectChannel(*n - 1));
         });
     add("INSTrument:NSELect", true, 0, 0, [engine](const Arguments &) {
         return QByteArray::number(engine->selectedChannel() + 1);
@@ -218,9 +222,7 @@ void CommandInterpreter::addChannel()
         1,
         [this, engine](const Arguments &a) -> std::optional<QByteArray> {
             const std::optional<bool> on = boolean(a.at(0));
-            if (on && engine->setOutput(engine->selectedChannel(), *on))
-                return QByteArray();
-            return std::nullopt;
+            return done(on && engine->setOutput(engine->selectedChannel(), *on));
         });
     add("OUTPut[:STATe]", true, 0, 0, [engine](const Arguments &) {
         return QByteArray(engine->output(engine->selectedChannel()) ? "1" : "0");
@@ -231,9 +233,7 @@ void CommandInterpreter::addChannel()
         1,
         [this, engine](const Arguments &a) -> std::optional<QByteArray> {
             const std::optional<double> v = number(a.at(0), 'V');
-            if (v && engine->setVoltage(engine->selectedChannel(), *v))
-                return QByteArray();
-            return std::nullopt;
+            return done(v && engine->setVoltage(engine->selectedChannel(), *v));
         });
     add("[SOURce]:VOLTage[:LEVel]", true, 0, 0, [this, engine](const Arguments &) {
         return volts(engine->voltageSetpoint(engine->selectedChannel()));
@@ -244,9 +244,7 @@ void CommandInterpreter::addChannel()
         1,
         [this, engine](const Arguments &a) -> std::optional<QByteArray> {
             const std::optional<double> c = number(a.at(0), 'A');
-            if (c && engine->setCurrent(engine->selectedChannel(), *c))
-                return QByteArray();
-            return std::nullopt;
+            return done(c && engine->setCurrent(engine->selectedChannel(), *c));
         });
     add("[SOURce]:CURRent[:LEVel]", true, 0, 0, [this, engine](const Arguments &) {
         return amperes(engine->currentSetpoint(engine->selectedChannel()));
@@ -276,9 +274,7 @@ void CommandInterpreter::addSequence(int modeIndex)
         0,
         0,
         [engine, mode, channel](const Arguments &) -> std::optional<QByteArray> {
-            if (engine->clearSequence(channel(), mode))
-                return QByteArray();
-            return std::nullopt;
+            return done(engine->clearSequence(channel(), mode));
         });
     if (list) {
         add(pattern("STEP"),
@@ -296,9 +292,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                 if (!c)
                     return std::nullopt;
                 const std::optional<double> t = number(a.at(3), 'S');
-                if (t && engine->writeListStep(channel(), *index, *v, *c, *t))
-                    return QByteArray();
-                return std::nullopt;
+                return done(t && engine->writeListStep(channel(), *index, *v, *c, *t));
             });
     } else {
         add(pattern("STEP"),
@@ -313,9 +307,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                 if (!on)
                     return std::nullopt;
                 const std::optional<double> t = number(a.at(2), 'S');
-                if (t && engine->writeDelayerStep(channel(), *index, *on, *t))
-                    return QByteArray();
-                return std::nullopt;
+                return done(t && engine->writeDelayerStep(channel(), *index, *on, *t));
             });
     }
     auto stepText = [this, engine, list, channel](int i) {
@@ -367,9 +359,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                 count = 0;
             else
                 count = integer(a.at(0));
-            if (count && engine->setRepeat(channel(), mode, *count))
-                return QByteArray();
-            return std::nullopt;
+            return done(count && engine->setRepeat(channel(), mode, *count));
         });
     add(pattern("REPeat"), true, 0, 0, [engine, mode, channel](const Arguments &) {
         const int count = engine->repeat(channel(), mode);
@@ -393,9 +383,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                                       QStringLiteral("expected OFF, ON or LAST"));
                 return std::nullopt;
             }
-            if (engine->setEndState(channel(), mode, *state))
-                return QByteArray();
-            return std::nullopt;
+            return done(engine->setEndState(channel(), mode, *state));
         });
     add(pattern("END"), true, 0, 0, [engine, mode, channel](const Arguments &) {
         return endStateWord(engine->endState(channel(), mode));
@@ -405,18 +393,14 @@ void CommandInterpreter::addSequence(int modeIndex)
         0,
         0,
         [engine, mode, channel](const Arguments &) -> std::optional<QByteArray> {
-            if (engine->run(channel(), mode))
-                return QByteArray();
-            return std::nullopt;
+            return done(engine->run(channel(), mode));
         });
     add(pattern("STOP"),
         false,
         0,
         0,
         [engine, mode, channel](const Arguments &) -> std::optional<QByteArray> {
-            if (engine->stop(channel(), mode))
-                return QByteArray();
-            return std::nullopt;
+            return done(engine->stop(channel(), mode));
         });
     add(pattern("STATe"), true, 0, 0, [engine, mode, channel](const Arguments &) {
         return QByteArray(engine->playback(channel(), mode).running ? "RUN" : "STOP");

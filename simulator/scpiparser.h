@@ -39,7 +39,8 @@ class HeaderPattern
 public:
     explicit HeaderPattern(const char *pattern);
     bool matches(const QByteArray &header) const;
-    // The header already upper-cased and split at its colons, for matching it against many patterns.
+    // The header already upper-cased and split at its colons, for matching it against many
+    // patterns.
     bool matches(const QList<QByteArray> &nodes) const;
     static QList<QByteArray> nodesOf(const QByteArray &header);
 

@@ -125,37 +125,31 @@ bool SupplyEngine::output(int channel)
 
 bool SupplyEngine::setVoltage(int channel, double volts)
 {
-    Channel *c = channelAt(channel);
-    if (!c)
-        return false;
-    if (c->runs[0].running)
-        return refuse(ScpiError::SettingsConflict, QStringLiteral("the list is running"));
-    double stored = 0.0;
-    if (!checkLevel(volts,
-                    m_description.channels.at(channel).voltage,
-                    m_description.voltageDecimals,
-                    "voltage",
-                    &stored))
-        return false;
-    c->voltage = stored;
-    return true;
+    return setSetpoint(channel, volts, true);
 }
 
 bool SupplyEngine::setCurrent(int channel, double amperes)
 {
+    return setSetpoint(channel, amperes, false);
+}
+
+bool SupplyEngine::setSetpoint(int channel, double value, bool voltage)
+{
     Channel *c = channelAt(channel);
     if (!c)
         return false;
-    if (c->runs[0].running)
+    // While the List plays, its steps are the set-points.
+    if (c->runs[static_cast<int>(SequenceMode::List)].running)
         return refuse(ScpiError::SettingsConflict, QStringLiteral("the list is running"));
+    const ChannelDescription &ranges = m_description.channels.at(channel);
     double stored = 0.0;
-    if (!checkLevel(amperes,
-                    m_description.channels.at(channel).current,
-                    m_description.currentDecimals,
-                    "current",
+    if (!checkLevel(value,
+                    voltage ? ranges.voltage : ranges.current,
+                    voltage ? m_description.voltageDecimals : m_description.currentDecimals,
+                    voltage ? "voltage" : "current",
                     &stored))
         return false;
-    c->current = stored;
+    (voltage ? c->voltage : c->current) = stored;
     return true;
 }
 

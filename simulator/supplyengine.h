@@ -127,6 +127,7 @@ private:
     const Channel &channelOrEmpty(int channel) const;
     Playback position(const Run &run) const;
     bool refuse(ScpiError error, const QString &detail = {});
+    bool setSetpoint(int channel, double value, bool voltage);
     bool checkEditable(int channel, SequenceMode mode);
     bool checkIndex(int count, int index);
     bool

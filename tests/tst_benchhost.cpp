@@ -1,5 +1,6 @@
 // Tests of the bench host's upload path, from the dialog through a link to a simulated supply and
 // back: every channel and mode, refusals, time-outs, dropped and refused connections, cancelling.
+#include "benchfixture.h"
 #include "simulatorprocess.h"
 
 #include <dialogprogrammer.h>
@@ -21,80 +22,9 @@
 
 using namespace tarn::host;
 using namespace tarn2::specific::orvo5000::programmer;
+using benchtest::Bench;
 
 namespace {
-
-// The dialog and the controller a bench host window holds, without the window.
-struct Bench
-{
-    Bench()
-        : description(tarn::sim::InstrumentDescription::builtIn())
-        , dialog(std::make_unique<DialogProgrammer>(tarn::host::optionFor(description), nullptr))
-        , controller(std::make_unique<BenchController>(dialog.get(), description, CommandSet()))
-    {}
-
-    ~Bench()
-    {
-        // The controller lets go of the dialog's signals before the dialog goes.
-        controller.reset();
-        dialog.reset();
-    }
-
-    bool connectTo(const QString &address)
-    {
-        QSignalSpy states(controller.get(), &BenchController::stateChanged);
-        controller->connectTo(address);
-        QElapsedTimer waited;
-        waited.start();
-        while (controller->state() == BenchController::State::Connecting
-               && waited.elapsed() < 10000)
-            states.wait(100);
-        return controller->state() == BenchController::State::Connected;
-    }
-
-    // Appends the tab's preview `times` times, so the sequence holds that many previews.
-    void append(UploadMode mode, int times)
-    {
-        auto *button = dialog->findChild<QPushButton *>(
-            mode == UploadMode::List ? QStringLiteral("btnListTemplateAppend")
-                                     : QStringLiteral("btnDelayerTemplateAppend"));
-        for (int i = 0; i < times; ++i)
-            button->click();
-    }
-
-    void selectChannel(UploadMode mode, int channel)
-    {
-        dialog
-            ->findChild<QComboBox *>(mode == UploadMode::List ? QStringLiteral("cbbListCH")
-                                                              : QStringLiteral("cbbDelayerCH"))
-            ->setCurrentIndex(channel - 1);
-    }
-
-    // Uploads and waits for the outcome; the dialog must be usable again when it comes.
-    UploadOutcome upload(UploadMode mode)
-    {
-        QSignalSpy ended(controller.get(), &BenchController::uploadEnded);
-        dialog->uploaderStart(mode);
-        if (!ended.wait(15000))
-            return {false, QStringLiteral("(no outcome)"), -1, -1};
-        QElapsedTimer waited;
-        waited.start();
-        while (controller->isUploading() && waited.elapsed() < 5000)
-            QTest::qWait(10);
-        return ended.first().first().value<UploadOutcome>();
-    }
-
-    int selectedRow(UploadMode mode) const
-    {
-        auto *view = dialog->findChild<QTableView *>(
-            mode == UploadMode::List ? QStringLiteral("tvList") : QStringLiteral("tvDelayer"));
-        return view->selectionModel()->currentIndex().row();
-    }
-
-    tarn::sim::InstrumentDescription description;
-    std::unique_ptr<DialogProgrammer> dialog;
-    std::unique_ptr<BenchController> controller;
-};
 
 quint16 closedPort()
 {

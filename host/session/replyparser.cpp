@@ -94,6 +94,39 @@ std::optional<QList<DelayerData>> parseDelayerData(const QByteArray &line, int b
     return steps;
 }
 
+std::optional<Position> parsePosition(const QByteArray &line, int maxStep)
+{
+    const QList<QByteArray> parts = line.split(',');
+    if (parts.size() != 3)
+        return std::nullopt;
+    bool stepOk = false;
+    bool cycleOk = false;
+    Position p;
+    p.step = parts.at(0).trimmed().toInt(&stepOk);
+    p.cycle = parts.at(1).trimmed().toLongLong(&cycleOk);
+    const auto elapsed = finite(parts.at(2));
+    if (!stepOk || !cycleOk || !elapsed || p.step < 0 || p.step > maxStep || p.cycle < 0
+        || *elapsed < 0.0)
+        return std::nullopt;
+    p.elapsed = *elapsed;
+    return p;
+}
+
+std::optional<double> parseValue(const QByteArray &line)
+{
+    return finite(line);
+}
+
+std::optional<bool> parseBool(const QByteArray &line)
+{
+    const QByteArray word = line.trimmed().toUpper();
+    if (word == "1" || word == "ON")
+        return true;
+    if (word == "0" || word == "OFF")
+        return false;
+    return std::nullopt;
+}
+
 std::optional<QString> parseIdentity(const QByteArray &line)
 {
     QString text;

@@ -27,6 +27,19 @@ parseListData(const QByteArray &line, int bound);
 // State (1/0 or ON/OFF) and time of each step; at most `bound` steps.
 std::optional<QList<tarn2::specific::orvo5000::programmer::DelayerData>>
 parseDelayerData(const QByteArray &line, int bound);
+struct Position
+{
+    int step = 0; // from 1; 0 when the sequence does not run
+    qint64 cycle = 0;
+    double elapsed = 0.0; // s of sequence time
+};
+// `3,2,1.450`: the step now playing, the cycle and the sequence time since Run.
+std::optional<Position> parsePosition(const QByteArray &line, int maxStep);
+// A measured value: a finite number.
+std::optional<double> parseValue(const QByteArray &line);
+// A boolean reply, 1/0 or ON/OFF.
+std::optional<bool> parseBool(const QByteArray &line);
+
 // The *IDN? reply as it may be shown: printable, at most 200 characters; nothing when empty.
 std::optional<QString> parseIdentity(const QByteArray &line);
 

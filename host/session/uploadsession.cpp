@@ -73,6 +73,7 @@ QString UploadSession::describe(const DelayerData &step) const
 
 void UploadSession::begin(const UploadParam &param)
 {
+    m_param = param;
     m_list = param.mode == UploadMode::List;
     m_total = param.maxCount;
     m_sent = 0;
@@ -272,6 +273,15 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
         return;
     }
     emit progressed(m_sent, m_total, 0);
+    UploadedSequence sequence;
+    sequence.list = m_list;
+    sequence.channel = m_param.channel;
+    sequence.channelName = m_channelName;
+    sequence.cycles = m_param.cycles;
+    sequence.endState = m_param.endState;
+    sequence.listSteps = m_listSent;
+    sequence.delayerSteps = m_delayerSent;
+    emit verified(sequence);
     end({true, tr("Verified %1 steps on %2").arg(m_sent).arg(m_channelName), -1, m_sent});
 }
 

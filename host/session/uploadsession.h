@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commandset.h"
+#include "uploadedsequence.h"
 
 #include <instrumentdescription.h>
 #include <records.h>
@@ -60,6 +61,8 @@ signals:
     void stopWanted();
     void progressed(int confirmed, int total, qint64 msecLeft);
     void ended(const tarn::host::UploadOutcome &outcome);
+    // What the instrument holds after a read-back that matched, for running it.
+    void verified(const tarn::host::UploadedSequence &sequence);
 
 private:
     enum class Phase { Idle, Sending, Verifying, Ending };
@@ -84,6 +87,7 @@ private:
     Phase m_phase = Phase::Idle;
     bool m_list = true;
     QString m_channelName;
+    tarn2::specific::orvo5000::programmer::UploadParam m_param;
     int m_total = 0;
     int m_sent = 0;
     int m_confirmed = 0;

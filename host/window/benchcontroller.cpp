@@ -29,6 +29,7 @@ BenchController::BenchController(DialogProgrammer *dialog,
     , m_commands(commands)
     , m_channel(new CommandChannel(this))
     , m_session(new UploadSession(m_channel, description, commands, this))
+    , m_run(new RunSession(m_channel, description, commands, this))
     , m_connectTimer(new QTimer(this))
 {
     qRegisterMetaType<tarn::host::BenchController::State>();
@@ -38,8 +39,12 @@ BenchController::BenchController(DialogProgrammer *dialog,
     });
     connect(m_channel, &CommandChannel::traffic, this, &BenchController::traffic);
     connect(m_channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
+    connect(m_channel, &CommandChannel::replyTimedOut, m_run, &RunSession::replyTimedOut);
+    connect(m_session, &UploadSession::verified, m_run, &RunSession::remember);
 
     connect(dialog, &DialogProgrammer::uploaderStarted, this, [this](const UploadParam &param) {
+        // The instrument refuses to change a sequence while it plays; a new upload ends the run.
+        m_run->stop();
         m_uploading = true;
         m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
@@ -162,6 +167,7 @@ void BenchController::linkFailed(const QString &reason)
     }
     m_identity.clear();
     m_session->linkLost(reason);
+    m_run->linkLost(reason);
     setState(State::Disconnected,
              was == State::Connected ? tr("The connection to %1 was lost: %2").arg(address, reason)
                                      : tr("Could not connect to %1: %2").arg(address, reason));
@@ -173,6 +179,7 @@ void BenchController::disconnectFromInstrument()
     if (!m_link)
         return;
     m_session->linkLost(tr("disconnected by the user"));
+    m_run->linkLost(tr("disconnected by the user"));
     m_channel->setLink(nullptr);
     m_link->disconnect(this);
     m_link->close();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "session/commandset.h"
+#include "session/runsession.h"
 #include "session/uploadsession.h"
 
 #include <instrumentdescription.h>
@@ -48,6 +49,7 @@ public:
     QString identity() const { return m_identity; }
     InstrumentLink *link() const;
     CommandChannel *channel() const { return m_channel; }
+    RunSession *runSession() const { return m_run; }
 
     bool isUploading() const { return m_uploading; }
     void cancelUpload();
@@ -81,6 +83,7 @@ private:
     std::unique_ptr<InstrumentLink> m_link;
     CommandChannel *m_channel;
     UploadSession *m_session;
+    RunSession *m_run;
     QTimer *m_connectTimer;
     State m_state = State::Disconnected;
     QString m_address;

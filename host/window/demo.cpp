@@ -3,6 +3,8 @@
 
 #include "mainwindow.h"
 #include "session/sequencereader.h"
+#include "runview.h"
+#include "session/runsession.h"
 
 #include <character.h>
 #include <dialogprogrammer.h>
@@ -10,6 +12,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
@@ -19,6 +22,10 @@
 #include <cstdio>
 
 namespace tarn::host {
+
+namespace {
+constexpr int runMs = 3000;
+} // namespace
 
 int runDemo(const sim::InstrumentDescription &description,
             const CommandSet &commands,
@@ -78,15 +85,41 @@ int runDemo(const sim::InstrumentDescription &description,
                              loop.quit();
                          }
                      });
+    RunSession *run = controller->runSession();
     QObject::connect(
         controller, &BenchController::uploadEnded, &loop, [&](const UploadOutcome &outcome) {
             std::printf("%s\n", qPrintable(outcome.message));
             status = outcome.verified ? 0 : 1;
-            // Let the dialog unlock and repaint before the picture is taken.
-            QTimer::singleShot(100, &loop, &QEventLoop::quit);
+            if (!outcome.verified) {
+                // Let the dialog unlock and repaint before the picture is taken.
+                QTimer::singleShot(100, &loop, &QEventLoop::quit);
+                return;
+            }
+            // Play what was verified for a few seconds, then stop it and keep the trace.
+            const QPair<int, bool> last = run->lastUploaded();
+            run->start(last.first, last.second);
+            QTimer::singleShot(runMs, run, &RunSession::stop);
         });
+    QObject::connect(run, &RunSession::ended, &loop, [&](const QString &message, bool failed) {
+        std::printf("demo: run: %s (%d samples)\n",
+                    qPrintable(message),
+                    static_cast<int>(run->trace().samples().size()));
+        if (failed)
+            status = 1;
+        const QFileInfo png(screenshotPath);
+        const QString trace
+            = png.path() + QLatin1Char('/') + png.completeBaseName() + QStringLiteral("-trace.csv");
+        QString error;
+        if (window.runView()->exportCsv(trace, &error))
+            std::printf("demo: trace written to %s\n",
+                        qPrintable(QFileInfo(trace).absoluteFilePath()));
+        else
+            std::fprintf(stderr, "demo: %s\n", qPrintable(error));
+        QTimer::singleShot(100, &loop, &QEventLoop::quit);
+    });
     limit.start(60000);
-    window.connectTo(address);
+    // The simulated supply plays at ten times the speed, so a few seconds show a whole cycle.
+    window.connectTo(address == QLatin1String("sim:") ? QStringLiteral("sim:?speed=10") : address);
     loop.exec();
 
     QApplication::processEvents();

@@ -2,6 +2,7 @@
 #include "mainwindow.h"
 
 #include "sequenceeditor.h"
+#include "runview.h"
 #include "sequencefiles.h"
 #include "session/instrumentoption.h"
 #include "trafficpanel.h"
@@ -40,6 +41,12 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     , m_controller(new BenchController(m_dialog, description, commands, this))
     , m_traffic(new TrafficPanel(this))
     , m_trafficDock(new QDockWidget(tr("Command Traffic"), this))
+    , m_runView(new RunView(m_controller->runSession(),
+                            description.timeDecimals,
+                            description.voltageDecimals,
+                            description.currentDecimals,
+                            this))
+    , m_runDock(new QDockWidget(tr("Run"), this))
 {
     setWindowTitle(tr("Bench Sequence Programmer"));
     // The dialog lives inside the window, not beside it.
@@ -53,6 +60,18 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     addDockWidget(Qt::BottomDockWidgetArea, m_trafficDock);
     m_trafficDock->hide();
     connect(m_controller, &BenchController::traffic, m_traffic, &TrafficPanel::append);
+
+    m_runDock->setObjectName(QStringLiteral("runDock"));
+    m_runDock->setWidget(m_runView);
+    addDockWidget(Qt::BottomDockWidgetArea, m_runDock);
+    m_runDock->hide();
+    // A verified upload is what the run view offers; it comes forward with the first one.
+    connect(
+        m_controller, &BenchController::uploadEnded, this, [this](const UploadOutcome &outcome) {
+            m_runView->refreshSequences();
+            if (outcome.verified)
+                showRunView();
+        });
 
     createConnectionBar();
     createMenus();
@@ -149,6 +168,9 @@ void MainWindow::createMenus()
     QAction *traffic = m_trafficDock->toggleViewAction();
     traffic->setText(tr("Command &Traffic"));
     view->addAction(traffic);
+    QAction *run = m_runDock->toggleViewAction();
+    run->setText(tr("&Run View"));
+    view->addAction(run);
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, &MainWindow::showAbout);
@@ -186,6 +208,12 @@ void MainWindow::createStatusBar()
             &BenchController::uploadEnded,
             this,
             [this](const UploadOutcome &outcome) { statusBar()->showMessage(outcome.message); });
+}
+
+void MainWindow::showRunView()
+{
+    m_runDock->show();
+    m_runDock->raise();
 }
 
 void MainWindow::connectTo(const QString &address)

@@ -22,6 +22,7 @@ namespace tarn::host {
 class Prompter;
 class SequenceEditor;
 class SequenceFiles;
+class RunView;
 class TrafficPanel;
 
 class MainWindow final : public QMainWindow
@@ -38,6 +39,8 @@ public:
     tarn2::specific::orvo5000::programmer::DialogProgrammer *dialog() const { return m_dialog; }
     BenchController *controller() const { return m_controller; }
     TrafficPanel *trafficPanel() const { return m_traffic; }
+    RunView *runView() const { return m_runView; }
+    void showRunView();
 
     void connectTo(const QString &address);
 
@@ -64,6 +67,8 @@ private:
     BenchController *m_controller;
     TrafficPanel *m_traffic;
     QDockWidget *m_trafficDock;
+    RunView *m_runView;
+    QDockWidget *m_runDock;
     QComboBox *m_address;
     QPushButton *m_connect;
     QPushButton *m_disconnect;
