@@ -6,6 +6,7 @@
 #include <session/sequencereader.h>
 #include <session/steplimits.h>
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <limits>
@@ -40,6 +41,7 @@ class TestSequenceReader : public QObject
 
 private slots:
     void initTestCase();
+    void filesLargerThanAnySequenceAreRefusedUnread();
     void builtInChannelHasTheLimitsTheseTestsAssume();
     void refusedFileNamesLineAndReason_data();
     void refusedFileNamesLineAndReason();
@@ -61,6 +63,34 @@ private slots:
 void TestSequenceReader::initTestCase()
 {
     QLocale::setDefault(QLocale::c());
+}
+
+void TestSequenceReader::filesLargerThanAnySequenceAreRefusedUnread()
+{
+    QTemporaryDir dir;
+    // 1.2 GB of NUL bytes, sparse on disk: reading it would end the program.
+    const QString huge = dir.filePath(QStringLiteral("huge.csv"));
+    QFile file(huge);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(1200LL * 1000 * 1000));
+    file.close();
+    QString error;
+    QVERIFY(!SequenceReader::readLines(huge, 2048, &error).has_value());
+    QCOMPARE(error,
+             QStringLiteral("the file holds 1200000000 bytes, more than a sequence of 2048 steps "
+                            "can take (528384 bytes)"));
+
+    const QString exact = dir.filePath(QStringLiteral("bound.csv"));
+    QFile bound(exact);
+    QVERIFY(bound.open(QIODevice::WriteOnly));
+    bound.write(QByteArray(SequenceReader::sizeBound(2048) - 1, 'x') + '\n');
+    bound.close();
+    const auto lines = SequenceReader::readLines(exact, 2048, &error);
+    QVERIFY(lines.has_value());
+    QCOMPARE(lines->size(), 1);
+
+    QVERIFY(!SequenceReader::readLines(dir.filePath(QStringLiteral("missing.csv")), 2048, &error));
+    QCOMPARE(error, QStringLiteral("the file does not exist"));
 }
 
 void TestSequenceReader::builtInChannelHasTheLimitsTheseTestsAssume()

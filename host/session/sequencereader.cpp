@@ -1,6 +1,11 @@
 // The checks of a sequence file's head and steps, and of rows pasted from a spreadsheet.
 #include "sequencereader.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <character.h>
+
 #include "steplimits.h"
 
 #include <QObject>
@@ -256,6 +261,40 @@ SequenceReader::readPasted(const QString &text, UploadMode mode, const StepLimit
         return refused(QObject::tr("the clipboard holds no rows"));
     result.ok = true;
     return result;
+}
+
+qint64 SequenceReader::sizeBound(int maxCount)
+{
+    // The head, and every step line at up to 256 bytes: far beyond what any saver writes.
+    return 4096 + static_cast<qint64>(qMax(0, maxCount)) * 256;
+}
+
+std::optional<QList<QString>>
+SequenceReader::readLines(const QString &path, int maxCount, QString *error)
+{
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        *error
+            = QCoreApplication::translate("tarn::host::SequenceReader", "the file does not exist");
+        return std::nullopt;
+    }
+    const qint64 bound = sizeBound(maxCount);
+    if (info.size() > bound) {
+        *error = QCoreApplication::translate("tarn::host::SequenceReader",
+                                             "the file holds %1 bytes, more than a sequence of "
+                                             "%2 steps can take (%3 bytes)")
+                     .arg(info.size())
+                     .arg(maxCount)
+                     .arg(bound);
+        return std::nullopt;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = file.errorString();
+        return std::nullopt;
+    }
+    file.close();
+    return tarn2::util::character::Character::csvLoad(path);
 }
 
 } // namespace tarn::host

@@ -19,6 +19,13 @@ public:
     static std::optional<tarn2::specific::orvo5000::programmer::UploadMode>
     modeOf(const QList<QString> &lines);
 
+    // The lines of a file no larger than a sequence of `maxCount` steps can be, with room for
+    // long numbers: a larger one is refused before it is read, so that no file can make the
+    // program huge. Nothing, with *error telling why, when the file is refused or unreadable.
+    static std::optional<QList<QString>>
+    readLines(const QString &path, int maxCount, QString *error);
+    static qint64 sizeBound(int maxCount);
+
     static ReadResult readFile(const QList<QString> &lines,
                                tarn2::specific::orvo5000::programmer::UploadMode mode,
                                const StepLimits &limits);

@@ -2,9 +2,9 @@
 #include "demo.h"
 
 #include "mainwindow.h"
-#include "session/sequencereader.h"
 #include "runview.h"
 #include "session/runsession.h"
+#include "session/sequencereader.h"
 
 #include <character.h>
 #include <dialogprogrammer.h>
@@ -47,7 +47,17 @@ int runDemo(const sim::InstrumentDescription &description,
     if (!sequencePath.isEmpty()) {
         // The window's own guarded load, so the demo refuses what the window would.
         window.setPrompter(nullptr);
-        fileMode = SequenceReader::modeOf(tarn2::util::character::Character::csvLoad(sequencePath));
+        QString unreadable;
+        const auto lines
+            = SequenceReader::readLines(sequencePath, description.maxCount, &unreadable);
+        if (!lines) {
+            std::fprintf(stderr,
+                         "demo: %s was not loaded: %s\n",
+                         qPrintable(sequencePath),
+                         qPrintable(unreadable));
+            return 1;
+        }
+        fileMode = SequenceReader::modeOf(*lines);
         if (!fileMode || !window.openSequenceFile(sequencePath)) {
             std::fprintf(stderr,
                          "demo: %s\n",

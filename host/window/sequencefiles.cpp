@@ -129,13 +129,15 @@ bool SequenceFiles::save(UploadMode mode)
 
 bool SequenceFiles::openFile(const QString &path)
 {
-    const std::optional<UploadMode> mode = SequenceReader::modeOf(Character::csvLoad(path));
+    QString error;
+    const std::optional<QList<QString>> lines
+        = SequenceReader::readLines(path, m_description.maxCount, &error);
+    const std::optional<UploadMode> mode = lines ? SequenceReader::modeOf(*lines) : std::nullopt;
     if (!mode) {
         const QString text
             = tr("%1 was not opened: %2")
                   .arg(QDir::toNativeSeparators(path),
-                       QFileInfo::exists(path) ? tr("line 1: it is not a List or Delayer file")
-                                               : tr("the file does not exist"));
+                       lines ? tr("line 1: it is not a List or Delayer file") : error);
         m_dialog->showError(text, messageMs);
         if (m_prompter)
             m_prompter->warning(m_dialog, tr("Open Sequence"), text);
@@ -159,7 +161,16 @@ std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode)
         return std::nullopt;
     rememberFolder(path);
 
-    ReadResult read = SequenceReader::readFile(Character::csvLoad(path), mode, limits(mode));
+    QString unreadable;
+    const std::optional<QList<QString>> lines
+        = SequenceReader::readLines(path, m_description.maxCount, &unreadable);
+    ReadResult read;
+    if (lines) {
+        read = SequenceReader::readFile(*lines, mode, limits(mode));
+    } else {
+        read.ok = false;
+        read.error = unreadable;
+    }
     if (read.ok)
         return read.content;
     const QString title = tr("Load %1").arg(tabName(mode));
