@@ -105,6 +105,15 @@ private slots:
             << "true 1 false 2 false 1.5 / 99999 ON"
             << "DELAYER,10|Cycles,99999|End Status,Output On|Groups,3|No.,State,Time(s)|"
                "0,On,1.000|1,Off,2.000|2,Off,1.500";
+        QTest::newRow("delayer saved with end state Last")
+            << true << QByteArray("DELAYER,10|Cycles,1|End Status,Output Off|Groups,1|No.|0,Off,2")
+            << "3 LAST"
+            << "false 2 / 3 LAST"
+            << "DELAYER,10|Cycles,3|End Status,Last|Groups,1|No.,State,Time(s)|0,Off,2.000";
+        // Line 5 is never examined: without its column titles the first step stands in for them.
+        QTest::newRow("no column-title line")
+            << false << QByteArray("LIST,10|Cycles,5|End Status,Output Off|Groups,2|0,1,1,1|1,2,2,2")
+            << none << "2 2 2 / 5 OFF" << none;
         // Files no user should feed in load nothing or at most the maximum, and quickly.
         const QByteArray head = "LIST,10|Cycles,1|End Status,Output Off|Groups,3|No.|";
         QVector<quint32> noise(1 << 18);

@@ -133,6 +133,34 @@ private slots:
     void init() { QSettings().clear(); }
     void cleanup() { dialog.reset(); }
 
+    // The sequence plot draws the voltages on the blue curve against the left axis and the
+    // currents on the red one against the right axis, each at the level of its own column.
+    void sequencePlotDrawsVoltageAndCurrentEachOnItsOwnCurve()
+    {
+        dialog = std::make_unique<DialogProgrammer>(hostOption());
+        w<QDoubleSpinBox>("sbListTempOtherValue")->setValue(1.25); // the template's fixed current
+        w<QDoubleSpinBox>("sbListTempOtherValue")->editingFinished();
+        w<QPushButton>("btnListTemplateAppend")->click();
+        auto *plot = w<QCustomPlot>("plotList");
+        QCOMPARE(plot->plottableCount(), 2);
+        auto *voltage = qobject_cast<QCPCurve *>(plot->plottable(0));
+        auto *current = qobject_cast<QCPCurve *>(plot->plottable(1));
+        QCOMPARE(voltage->pen().color().name(), QStringLiteral("#0000ff"));
+        QCOMPARE(current->pen().color().name(), QStringLiteral("#ff0000"));
+        QCOMPARE(voltage->valueAxis(), plot->yAxis);
+        QCOMPARE(current->valueAxis(), plot->yAxis2);
+        QAbstractItemModel *table = w<QTableView>("tvList")->model();
+        QSet<QString> voltages;
+        for (int row = 0; row < table->rowCount(); ++row)
+            voltages << table->index(row, 1).data().toString();
+        QVERIFY(voltages.size() > 2);
+        for (const QCPCurveData &point : *current->data())
+            QCOMPARE(point.value, 1.25);
+        for (const QCPCurveData &point : *voltage->data())
+            QVERIFY2(voltages.contains(QString::number(point.value, 'f', 3)),
+                     qPrintable(QString::number(point.value)));
+    }
+
     void widgetTree_data()
     {
         QTest::addColumn<QStringList>("names");

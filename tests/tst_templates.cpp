@@ -89,6 +89,16 @@ void TestTemplates::listWave_data()
     QTest::newRow("stair truncates 1.005 s") << p << 3 << Values{3} << Values{1.004} << 1ll;
     QTest::newRow("stair, fewer ticks than steps")
         << list(ListStairUp, 0.001) << 3 << Values() << Values() << 10ll;
+    Values rise;
+    Values fall;
+    for (int k = 0; k < 5; ++k) {
+        rise << 3 * (1 - std::exp(-k));
+        fall << 3 * std::exp(-k);
+    }
+    QTest::newRow("exponent rise climbs from the minimum")
+        << list(ListExpRise) << 3 << rise << Values(5, 1) << 5ll;
+    QTest::newRow("exponent fall drops from the maximum")
+        << list(ListExpFall) << 3 << fall << Values(5, 1) << 5ll;
     p = list(ListExpRise);
     p.expGroups = int(kMaxTemplateSteps);
     QTest::newRow("exponent at the limit") << p << 3 << Values() << Values() << kMaxTemplateSteps;

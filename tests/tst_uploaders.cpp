@@ -88,6 +88,7 @@ private slots:
     void walk_data();
     void walk();
     void watchdogReportsTimeOut();
+    void stopFromInsideNextDataLeavesNoWatchdog();
 };
 
 void TestUploaders::metaTypeNames()
@@ -156,6 +157,21 @@ void TestUploaders::watchdogReportsTimeOut()
     QCOMPARE(
         events,
         QStringLiteral("started(3) nextData(0) error(The upload timed out) nextData(1) stoped"));
+}
+
+void TestUploaders::stopFromInsideNextDataLeavesNoWatchdog()
+{
+    Run run(false);
+    run.resize(3);
+    QObject::connect(run.uploader.get(), &U::nextData, run.uploader.get(), [&run] {
+        run.uploader->stop();
+    });
+    QSignalSpy errorSpy(run.uploader.get(), &U::error);
+    run.uploader->start();
+    run.uploader->next();
+    QVERIFY(!run.uploader->isRunning());
+    QVERIFY(!errorSpy.wait(700)); // past the 500 ms a step may take
+    QCOMPARE(run.log.join(QLatin1Char(' ')), QStringLiteral("started(3) nextData(0) stoped"));
 }
 
 QTEST_GUILESS_MAIN(TestUploaders)
