@@ -112,8 +112,9 @@ private slots:
             << "DELAYER,10|Cycles,3|End Status,Last|Groups,1|No.,State,Time(s)|0,Off,2.000";
         // Line 5 is never examined: without its column titles the first step stands in for them.
         QTest::newRow("no column-title line")
-            << false << QByteArray("LIST,10|Cycles,5|End Status,Output Off|Groups,2|0,1,1,1|1,2,2,2")
-            << none << "2 2 2 / 5 OFF" << none;
+            << false
+            << QByteArray("LIST,10|Cycles,5|End Status,Output Off|Groups,2|0,1,1,1|1,2,2,2") << none
+            << "2 2 2 / 5 OFF" << none;
         // Files no user should feed in load nothing or at most the maximum, and quickly.
         const QByteArray head = "LIST,10|Cycles,1|End Status,Output Off|Groups,3|No.|";
         QVector<quint32> noise(1 << 18);

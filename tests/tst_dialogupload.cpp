@@ -125,6 +125,34 @@ private slots:
             log << status->currentMessage() + ", " + status->styleSheet();
         QCOMPARE(log.join('|'), expected);
     }
+
+    // A second request while a run is out is turned away: the run keeps its uploader and its
+    // place, and the host hears of one start only.
+    void uploadAgainDuringARunIsIgnored()
+    {
+        Option option{QStringLiteral("U"), 3, 0.001, 99999, 3, 3, {}, 2048, true, true, true};
+        option.channels.fill({QStringLiteral("CH"), {{0, 32}, {0, 3.2}}}, 4);
+        DialogProgrammer dialog(option);
+        const QList<ListData> steps{{1, 1, 1}, {2, 1, 1}, {3, 1, 1}};
+        connect(&dialog, &DialogProgrammer::listLoadFromCSV, [&](QList<ListData> &datas) {
+            datas = steps;
+        });
+        dialog.findChild<QAction *>(QStringLiteral("actionloadList"))->trigger();
+        QSignalSpy started(&dialog, &DialogProgrammer::uploaderStarted);
+        QSignalSpy next(&dialog, &DialogProgrammer::uploaderNextData);
+        auto *upload = dialog.findChild<QAction *>(QStringLiteral("actionListUpload"));
+
+        upload->trigger();
+        dialog.uploaderNext();
+        upload->trigger();
+        dialog.uploaderStart(UploadMode::Delayer);
+        dialog.uploaderNext();
+        QCOMPARE(started.size(), 1);
+        QCOMPARE(next.size(), 2);
+        QCOMPARE(next.at(1).at(0).toInt(), 1);
+        dialog.uploaderStop();
+        QVERIFY(dialog.isEnabled());
+    }
 };
 
 QTEST_MAIN(TestDialogUpload)

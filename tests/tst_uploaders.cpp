@@ -163,9 +163,8 @@ void TestUploaders::stopFromInsideNextDataLeavesNoWatchdog()
 {
     Run run(false);
     run.resize(3);
-    QObject::connect(run.uploader.get(), &U::nextData, run.uploader.get(), [&run] {
-        run.uploader->stop();
-    });
+    QObject::connect(
+        run.uploader.get(), &U::nextData, run.uploader.get(), [&run] { run.uploader->stop(); });
     QSignalSpy errorSpy(run.uploader.get(), &U::error);
     run.uploader->start();
     run.uploader->next();
