@@ -52,7 +52,7 @@ bool DelayerModel::removeRows(int row, int count, const QModelIndex &parent)
 void DelayerModel::appendRow(const DelayerData &step)
 {
     // A copy first: `step` may be an element of the very list that is about to grow.
-    const DelayerData added = step;
+    const DelayerData added = step; // NOLINT(performance-unnecessary-copy-initialization)
     const int n = m_data.size();
     beginInsertRows(QModelIndex(), n, n);
     m_data.append(added);
@@ -64,7 +64,7 @@ void DelayerModel::appendRows(const QList<DelayerData> &steps)
     if (steps.isEmpty())
         return;
     // A shallow copy keeps the steps readable even when `steps` is the model's own list.
-    const QList<DelayerData> added = steps;
+    const QList<DelayerData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
     const int n = m_data.size();
     beginInsertRows(QModelIndex(), n, n + added.size() - 1);
     m_data.append(added);
@@ -79,7 +79,7 @@ void DelayerModel::insertRows(int row, const QList<DelayerData> &steps)
     }
     if (steps.isEmpty())
         return;
-    const QList<DelayerData> added = steps;
+    const QList<DelayerData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
     beginInsertRows(QModelIndex(), row, row + added.size() - 1);
     for (auto it = added.crbegin(); it != added.crend(); ++it)
         m_data.insert(row, *it);

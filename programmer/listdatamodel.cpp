@@ -116,7 +116,7 @@ void ListDataModel::setSourceData(QList<ListData> &data)
 void ListDataModel::appendRow(const ListData &step)
 {
     // A copy first: `step` may be an element of the very list that is about to grow.
-    const ListData added = step;
+    const ListData added = step; // NOLINT(performance-unnecessary-copy-initialization)
     const int n = m_data.size();
     beginInsertRows(QModelIndex(), n, n);
     m_data.append(added);
@@ -128,7 +128,7 @@ void ListDataModel::appendRows(const QList<ListData> &steps)
     if (steps.isEmpty())
         return;
     // A shallow copy keeps the steps readable even when `steps` is the model's own list.
-    const QList<ListData> added = steps;
+    const QList<ListData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
     const int n = m_data.size();
     beginInsertRows(QModelIndex(), n, n + added.size() - 1);
     m_data.append(added);
@@ -143,7 +143,7 @@ void ListDataModel::insertRows(int row, const QList<ListData> &steps)
     }
     if (steps.isEmpty())
         return;
-    const QList<ListData> added = steps;
+    const QList<ListData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
     beginInsertRows(QModelIndex(), row, row + added.size() - 1);
     for (auto it = added.crbegin(); it != added.crend(); ++it)
         m_data.insert(row, *it);

@@ -2,6 +2,7 @@
 #include "plotvalues.h"
 
 #include <cmath>
+#include <cstddef>
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -48,11 +49,12 @@ void make_step_plot_values(int count,
         double level = 0.0;
         double duration = 0.0;
         step(i, level, duration);
-        xs[2 * i] = t;
-        ys[2 * i] = level;
+        const std::ptrdiff_t at = std::ptrdiff_t{2} * i;
+        xs[at] = t;
+        ys[at] = level;
         t = std::trunc(t + duration);
-        xs[2 * i + 1] = t;
-        ys[2 * i + 1] = level;
+        xs[at + 1] = t;
+        ys[at + 1] = level;
     }
 }
 

@@ -41,8 +41,8 @@ void StepCurve::setSteps(int count, int from, const StepReader &step)
 
     // The same arithmetic as make_plot_values(): a whole number kept in a double, truncated
     // after every step. The end of the step before `from` is where its recomputation starts.
-    double t = from == 0 ? 0.0 : (points.constBegin() + (2 * from - 1))->key;
-    auto it = points.begin() + 2 * from;
+    double t = from == 0 ? 0.0 : (points.constBegin() + (qsizetype{2} * from - 1))->key;
+    auto it = points.begin() + qsizetype{2} * from;
     for (int i = from; i < count; ++i) {
         double level = 0.0;
         double duration = 0.0;

@@ -11,7 +11,7 @@
 namespace tarn::sim {
 
 namespace {
-constexpr qint64 readChunk = 16 * 1024;
+constexpr qint64 readChunk = qint64{16} * 1024;
 } // namespace
 
 SupplyServer::SupplyServer(SupplyEngine *engine, ServerFaults faults, QObject *parent)

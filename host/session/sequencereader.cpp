@@ -166,7 +166,7 @@ SequenceReader::readFile(const QList<QString> &lines, UploadMode mode, const Ste
     const QStringList endState = lines.at(2).split(comma);
     if (endState.size() < 2 || endState.at(0) != QLatin1String("End Status"))
         return refused(atLine(3, QObject::tr("the end state (End Status) is missing")));
-    const QString end = endState.at(1);
+    const QString &end = endState.at(1);
     bool endsOn = false;
     if (end == QLatin1String("Output Off")) {
         content.endState = QStringLiteral("OFF");

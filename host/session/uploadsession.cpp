@@ -352,7 +352,7 @@ void UploadSession::replyTimedOut(const QByteArray &command)
          -1});
 }
 
-void UploadSession::end(UploadOutcome outcome)
+void UploadSession::end(const UploadOutcome &outcome)
 {
     const bool wasEnding = m_phase == Phase::Ending;
     m_phase = Phase::Idle;

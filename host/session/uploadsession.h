@@ -74,7 +74,7 @@ private:
     bool sameAsStored(int index, const tarn2::specific::orvo5000::programmer::ListData &held) const;
     bool sameAsStored(int index,
                       const tarn2::specific::orvo5000::programmer::DelayerData &held) const;
-    void end(UploadOutcome outcome);
+    void end(const UploadOutcome &outcome);
     QString stepText(int index) const;
     QString describe(const tarn2::specific::orvo5000::programmer::ListData &step) const;
     QString describe(const tarn2::specific::orvo5000::programmer::DelayerData &step) const;
