@@ -1,8 +1,11 @@
 // Saving and loading sequences through file dialogs.
 #include "sequencefiles.h"
 
+#include "session/sequencefilehead.h"
+
 #include <dialogprogrammer.h>
 
+#include <QComboBox>
 #include <QFileDialog>
 
 namespace tarn::host {
@@ -13,6 +16,20 @@ namespace {
 QString filter()
 {
     return QObject::tr("CSV files (*.csv);;All files (*)");
+}
+
+// The dialog's loader finds the file's end state by the combo's shown text, which is translated:
+// under any language but English it misses and the tab keeps its old state. The file's own key is
+// applied instead, wherever the tab offers it, so a file loads the same under every language.
+void keepFileEndState(DialogProgrammer *dialog,
+                      const char *combo,
+                      const QString &path,
+                      UploadParam &param)
+{
+    const QString key = sequenceFileEndState(path);
+    const auto *box = dialog->findChild<QComboBox *>(QLatin1String(combo));
+    if (!key.isEmpty() && box && box->findData(key) >= 0)
+        param.endState = key;
 }
 } // namespace
 
@@ -51,6 +68,8 @@ SequenceFiles::SequenceFiles(DialogProgrammer *dialog)
                 if (datas.isEmpty())
                     m_dialog->showError(tr("%1 holds no usable list").arg(path), 5000);
                 param = m_dialog->getUploadParamFromUI(UploadMode::List);
+                if (!datas.isEmpty())
+                    keepFileEndState(m_dialog, "cbbListEndState", path, param);
             });
     connect(dialog,
             &DialogProgrammer::delayerLoadFromCSV,
@@ -64,6 +83,8 @@ SequenceFiles::SequenceFiles(DialogProgrammer *dialog)
                 if (datas.isEmpty())
                     m_dialog->showError(tr("%1 holds no usable delayer sequence").arg(path), 5000);
                 param = m_dialog->getUploadParamFromUI(UploadMode::Delayer);
+                if (!datas.isEmpty())
+                    keepFileEndState(m_dialog, "cbbDelayerEndState", path, param);
             });
 }
 
