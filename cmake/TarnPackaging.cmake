@@ -16,5 +16,9 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://tarn.invalid/bench")
 # libraries are resolved inside it. Building against the headers takes the Qt and plot headers.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+# Relative to the staging directory, where dpkg-shlibdeps runs: the package's own libraries.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS usr/${CMAKE_INSTALL_LIBDIR})
+# The Chinese catalogue needs a font with its characters.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-wqy-microhei | fonts-noto-cjk")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qtbase5-dev, libqcustomplot-dev, qttranslations5-l10n")
 include(CPack)

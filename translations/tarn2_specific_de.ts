@@ -49,11 +49,11 @@
     </message>
     <message>
         <source>Reset</source>
-        <translation>Zurücksetzen</translation>
+        <translation>Vorgabe</translation>
     </message>
     <message>
         <source>Reset All</source>
-        <translation>Alle zurücksetzen</translation>
+        <translation>Alle Vorg.</translation>
     </message>
     <message>
         <source>Interval:</source>
