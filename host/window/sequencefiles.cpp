@@ -29,7 +29,6 @@ QString tabName(UploadMode mode)
 {
     return mode == UploadMode::List ? QObject::tr("List") : QObject::tr("Delayer");
 }
-
 } // namespace
 
 SequenceFiles::SequenceFiles(DialogProgrammer *dialog,
