@@ -222,7 +222,9 @@ bool DialogProgrammer::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-void DialogProgrammer::selectTvItems(QTableView *view, const QModelIndex &from, const QModelIndex &to)
+void DialogProgrammer::selectTvItems(QTableView *view,
+                                     const QModelIndex &from,
+                                     const QModelIndex &to)
 {
     QItemSelectionModel *selection = view->selectionModel();
     if (!selection)

@@ -265,10 +265,10 @@ void DialogProgrammer::on_btnDelayerTemplateAppend_clicked()
         return;
     const int first = delayerData.size();
     delayerDataModel->appendRows(delayerTemplateData);
-    selectTvItems(ui->tvDelayer,
-                  delayerDataModel->index(first, 0),
-                  delayerDataModel->index(delayerData.size() - 1,
-                                          delayerDataModel->columnCount() - 1));
+    selectTvItems(
+        ui->tvDelayer,
+        delayerDataModel->index(first, 0),
+        delayerDataModel->index(delayerData.size() - 1, delayerDataModel->columnCount() - 1));
     updateDelayerGroupsWidget();
 }
 

@@ -23,17 +23,16 @@ const int kMaxCycles = 99999;
 // End-state names in the files, by the index of the tab's end-state combo.
 QString endStateName(int index)
 {
-    static const QString names[] = {QStringLiteral("Output Off"),
-                                    QStringLiteral("Output On"),
-                                    QStringLiteral("Last")};
+    static const QString names[]
+        = {QStringLiteral("Output Off"), QStringLiteral("Output On"), QStringLiteral("Last")};
     return index >= 0 && index < 3 ? names[index] : QString();
 }
 
 QList<QString> headerLines(const QString &tag, int cycles, int endStateIndex, int groups)
 {
     return {tag + kSeparator + kFormatVersion,
-            QStringLiteral("Cycles,") + (cycles == 0 ? QStringLiteral("Infinite")
-                                                     : QString::number(cycles)),
+            QStringLiteral("Cycles,")
+                + (cycles == 0 ? QStringLiteral("Infinite") : QString::number(cycles)),
             QStringLiteral("End Status,") + endStateName(endStateIndex),
             QStringLiteral("Groups,") + QString::number(groups)};
 }
@@ -187,11 +186,11 @@ QList<DelayerData> DialogProgrammer::delayerLoadData(const QString &path)
 {
     const QList<QString> lines = Character::csvLoad(path);
     FileHeader header;
-    if (!readHeader(lines,
-                    QStringLiteral("DELAYER"),
-                    {QStringLiteral("Output Off"), QStringLiteral("Output On"),
-                     QStringLiteral("Last")},
-                    header)) {
+    if (!readHeader(
+            lines,
+            QStringLiteral("DELAYER"),
+            {QStringLiteral("Output Off"), QStringLiteral("Output On"), QStringLiteral("Last")},
+            header)) {
         return {};
     }
 
@@ -243,10 +242,10 @@ void DialogProgrammer::on_actionloadList_triggered()
     ui->cbbListEndState->setCurrentIndex(ui->cbbListEndState->findData(param.endState));
     // Unconditional: a handler that leaves datas empty empties the sequence.
     listDataModel->setSourceData(datas);
-    selectTvItems(ui->tvList,
-                  listDataModel->index(0, 0),
-                  listDataModel->index(listDataModel->rowCount() - 1,
-                                       listDataModel->columnCount() - 1));
+    selectTvItems(
+        ui->tvList,
+        listDataModel->index(0, 0),
+        listDataModel->index(listDataModel->rowCount() - 1, listDataModel->columnCount() - 1));
     ui->tvList->setFocus(Qt::OtherFocusReason);
     updateListGroupsWidget();
 }

@@ -38,8 +38,7 @@ constexpr TypeEntry kListTypes[] = {
     {QT_TRANSLATE_NOOP("DialogProgrammer", "Exponent Fall"), ":images/expfall2.png"},
 };
 
-template<typename Widget>
-Widget *pageEditor(QWidget *page, const char *baseName, int type)
+template<typename Widget> Widget *pageEditor(QWidget *page, const char *baseName, int type)
 {
     return page->findChild<Widget *>(QString::fromLatin1(baseName).arg(type));
 }
@@ -133,7 +132,8 @@ void DialogProgrammer::initListWidgets()
         const UploadParam param = getUploadParamFromUI(UploadMode::List);
         emit listSaveToCSV(listData, param);
     });
-    connect(ui->btnListLoad, &QPushButton::clicked, this, [this] { on_actionloadList_triggered(); });
+    connect(
+        ui->btnListLoad, &QPushButton::clicked, this, [this] { on_actionloadList_triggered(); });
     connect(ui->btnListUpload, &QPushButton::clicked, this, [this] {
         uploaderStart(UploadMode::List);
     });
@@ -369,8 +369,8 @@ void DialogProgrammer::update_list_plot(const ListTemplateParam &p,
                                         QVector<double> &y)
 {
     const int channel = Helper::getInstance().currentChannel;
-    const QPair<double, double> range = p.object == 0 ? getVRangeOfChannel(channel)
-                                                      : getCRangeOfChannel(channel);
+    const QPair<double, double> range
+        = p.object == 0 ? getVRangeOfChannel(channel) : getCRangeOfChannel(channel);
     QCustomPlot *plot = ui->plotListTemplate;
     if (auto *title = qobject_cast<QCPTextElement *>(plot->plotLayout()->element(0, 0)))
         title->setText(ui->cbbListTempType->currentText());

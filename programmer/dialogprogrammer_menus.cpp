@@ -28,7 +28,8 @@ QList<QAction *> DialogProgrammer::createTableMenuActions(QTableView *view,
     const int currentRow = current.row();
 
     auto *append = new QAction(QIcon(QStringLiteral(":images/append3.png")), tr("Append"), nullptr);
-    auto *insert = new QAction(QIcon(QStringLiteral(":images/insert32.png")), tr("Insert"), nullptr);
+    auto *insert
+        = new QAction(QIcon(QStringLiteral(":images/insert32.png")), tr("Insert"), nullptr);
     auto *remove = new QAction(QIcon(QStringLiteral(":images/delete.png")), tr("Delete"), nullptr);
     auto *clear = new QAction(QIcon(QStringLiteral(":images/deleteAll.png")), tr("Clear"), nullptr);
     insert->setEnabled(current.isValid());

@@ -20,8 +20,7 @@ QString settingsGroup()
 }
 
 // A stored value of another type converts if it can, and is empty otherwise.
-template<typename Vector>
-Vector storedVector(const QVariant &value)
+template<typename Vector> Vector storedVector(const QVariant &value)
 {
     if (value.userType() == qMetaTypeId<Vector>())
         return value.value<Vector>();
@@ -77,7 +76,8 @@ void DialogProgrammer::saveDelayerTemplateParamsToSettings()
 {
     QSettings settings;
     settings.beginGroup(settingsGroup());
-    settings.setValue(QStringLiteral("Delayer Active Type"), ui->cbbDelayerTempType->currentIndex());
+    settings.setValue(QStringLiteral("Delayer Active Type"),
+                      ui->cbbDelayerTempType->currentIndex());
     settings.setValue(QStringLiteral("Delayer Template Params"),
                       QVariant::fromValue(delayerTemplateParams));
     settings.endGroup();

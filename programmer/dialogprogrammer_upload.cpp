@@ -29,9 +29,9 @@ void DialogProgrammer::uploaderStart(UploadMode mode)
         return;
     const bool empty = mode == UploadMode::List ? listData.isEmpty() : delayerData.isEmpty();
     if (empty) {
-        showError(tr("The %1 data is empty")
-                      .arg(mode == UploadMode::List ? tr("list") : tr("delayer")),
-                  3000);
+        showError(
+            tr("The %1 data is empty").arg(mode == UploadMode::List ? tr("list") : tr("delayer")),
+            3000);
         return;
     }
     setupUploader(mode);
@@ -77,8 +77,7 @@ void DialogProgrammer::setupUploader(UploadMode mode)
             if (QItemSelectionModel *selection = view->selectionModel()) {
                 selection->clearSelection();
                 selection->setCurrentIndex(selection->model()->index(dataIndex, 0),
-                                           QItemSelectionModel::Select
-                                               | QItemSelectionModel::Rows);
+                                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
             }
             emit uploaderNextData(dataIndex, data);
         },
@@ -118,7 +117,8 @@ UploadParam DialogProgrammer::getUploadParamFromUI(UploadMode mode)
     param.channel = (list ? ui->cbbListCH : ui->cbbDelayerCH)->currentIndex() + 1;
     param.maxCount = Helper::getInstance().option.maxCount;
     param.cycles = (list ? ui->sbListCycles : ui->sbDelayerCycles)->value();
-    param.endState = (list ? ui->cbbListEndState : ui->cbbDelayerEndState)->currentData().toString();
+    param.endState
+        = (list ? ui->cbbListEndState : ui->cbbDelayerEndState)->currentData().toString();
     return param;
 }
 

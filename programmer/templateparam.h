@@ -97,8 +97,7 @@ Q_DECLARE_METATYPE(tarn2::specific::orvo5000::programmer::DelayerTemplateParam)
 // names that stored settings carry, not by the fully qualified ones Q_DECLARE_METATYPE would give.
 #define TARN2_DECLARE_TEMPLATE_VECTOR(ELEMENT, NAME)                                               \
     QT_BEGIN_NAMESPACE                                                                             \
-    template<>                                                                                     \
-    struct QMetaTypeId<QVector<ELEMENT>>                                                           \
+    template<> struct QMetaTypeId<QVector<ELEMENT>>                                                \
     {                                                                                              \
         enum { Defined = 1 };                                                                      \
         static int qt_metatype_id()                                                                \

@@ -7,6 +7,9 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 "$root/scripts/setup.sh"
 
+echo "== format"
+"$root/scripts/format-check.sh"
+
 export QT_QPA_PLATFORM=offscreen
 
 echo "== plain build"

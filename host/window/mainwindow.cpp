@@ -1,8 +1,8 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
 
-#include "sequenceeditor.h"
 #include "runview.h"
+#include "sequenceeditor.h"
 #include "sequencefiles.h"
 #include "session/instrumentoption.h"
 #include "trafficpanel.h"
