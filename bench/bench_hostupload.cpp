@@ -1,5 +1,7 @@
 // A 2048-step List uploaded and verified over loopback TCP by the bench host, against a host that
 // waits for one round trip per step, both against tarn_supply_sim in the same run.
+#include "simulatorprocess.h"
+
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
 #include <session/commandset.h>
@@ -12,7 +14,6 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QHostAddress>
-#include <QProcess>
 #include <QPushButton>
 #include <QTcpSocket>
 #include <QTimer>
@@ -23,29 +24,6 @@ using namespace tarn2::specific::orvo5000::programmer;
 namespace {
 
 constexpr int steps = 2048;
-
-// tarn_supply_sim on a free loopback port for the length of one benchmark.
-struct Server
-{
-    Server()
-    {
-        process.start(QStringLiteral(TARN_SUPPLY_SIM),
-                      {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0")});
-        QElapsedTimer waited;
-        waited.start();
-        while (!process.canReadLine() && waited.elapsed() < 10000)
-            process.waitForReadyRead(100);
-        const QByteArray ready = process.readLine().trimmed();
-        port = static_cast<quint16>(ready.mid(ready.lastIndexOf(':') + 1).toUInt());
-    }
-    ~Server()
-    {
-        process.terminate();
-        process.waitForFinished(5000);
-    }
-    QProcess process;
-    quint16 port = 0;
-};
 
 // A dialog holding at least 2048 List steps (the uploader sends the instrument's 2048).
 std::unique_ptr<DialogProgrammer> dialogWithSteps(const tarn::sim::InstrumentDescription &d)
@@ -59,7 +37,7 @@ std::unique_ptr<DialogProgrammer> dialogWithSteps(const tarn::sim::InstrumentDes
 
 void BM_UploadAndVerifyWritingAhead(benchmark::State &state)
 {
-    Server server;
+    Simulator server;
     const auto description = tarn::sim::InstrumentDescription::builtIn();
     auto dialog = dialogWithSteps(description);
     BenchController controller(dialog.get(), description, CommandSet());
@@ -91,7 +69,7 @@ BENCHMARK(BM_UploadAndVerifyWritingAhead)
 // The baseline: each step is written with *OPC? and the next one asked for only on its reply.
 void BM_UploadOneRoundTripPerStep(benchmark::State &state)
 {
-    Server server;
+    Simulator server;
     const auto description = tarn::sim::InstrumentDescription::builtIn();
     auto dialog = dialogWithSteps(description);
     QTcpSocket socket;

@@ -1,6 +1,7 @@
 // How fast the simulated supply takes commands: through its parser alone, and a whole 2048-step
 // List written and read back over a loopback socket to tarn_supply_sim.
 #include "commandinterpreter.h"
+#include "simulatorprocess.h"
 #include "supplyengine.h"
 
 #include <benchmark/benchmark.h>
@@ -8,7 +9,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHostAddress>
-#include <QProcess>
 #include <QTcpSocket>
 
 using namespace tarn::sim;
@@ -53,15 +53,8 @@ bool readLine(QTcpSocket &socket, QByteArray *line)
 // sequence: the way the bench host uploads and verifies.
 void BM_LoopbackList2048WriteAndReadBack(benchmark::State &state)
 {
-    QProcess sim;
-    sim.start(QStringLiteral(TARN_SUPPLY_SIM),
-              {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0")});
-    QElapsedTimer waited;
-    waited.start();
-    while (!sim.canReadLine() && waited.elapsed() < 10000)
-        sim.waitForReadyRead(100);
-    const QByteArray ready = sim.readLine().trimmed();
-    const auto port = static_cast<quint16>(ready.mid(ready.lastIndexOf(':') + 1).toUInt());
+    Simulator sim;
+    const quint16 port = sim.port;
     QTcpSocket socket;
     socket.connectToHost(QHostAddress::LocalHost, port);
     if (!socket.waitForConnected(5000)) {
@@ -81,8 +74,6 @@ void BM_LoopbackList2048WriteAndReadBack(benchmark::State &state)
             state.SkipWithError("read-back incomplete");
     }
     state.SetItemsProcessed(state.iterations() * 2048);
-    sim.terminate();
-    sim.waitForFinished(5000);
 }
 BENCHMARK(BM_LoopbackList2048WriteAndReadBack)->Unit(benchmark::kMillisecond)->UseRealTime();
 

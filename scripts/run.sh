@@ -2,7 +2,7 @@
 # The main job: installs what is missing, builds the bench host and opens it on the simulated supply
 # (or the instrument given with --connect). Without a display it runs the headless demo instead:
 # upload, verify, screenshot. Arguments go to the host, for instance `scripts/run.sh --connect
-# tcp://192.0.2.10` or `scripts/run.sh --screenshot list.png`.
+# tcp://HOST:5025` or `scripts/run.sh --screenshot list.png`.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 host="$root/build/plain/host/tarn_bench_host"

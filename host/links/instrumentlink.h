@@ -24,7 +24,7 @@ public:
     // Sends one command line; the terminator is added here.
     virtual void write(const QByteArray &line) = 0;
     virtual bool isOpen() const = 0;
-    // How the user named the instrument: tcp://192.0.2.1:5025, serial:/dev/ttyUSB0, sim:.
+    // How the user named the instrument: tcp://HOST:5025, serial:/dev/ttyUSB0, sim:.
     virtual QString address() const = 0;
 
     // The longest reply line a link accepts before it gives up on the instrument.
