@@ -1,4 +1,5 @@
 // tarn_bench_host: the bench engineer's program around the programmer dialog.
+#include "languages.h"
 #include "session/commandset.h"
 #include "window/demo.h"
 #include "window/mainwindow.h"
@@ -8,6 +9,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLocale>
 #include <QPushButton>
 #include <QTabWidget>
 
@@ -77,13 +79,24 @@ int main(int argc, char *argv[])
                                   QStringLiteral("Size to render, WIDTHxHEIGHT."),
                                   QStringLiteral("size"),
                                   QStringLiteral("1280x800"));
-    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size});
+    const QCommandLineOption lang(QStringLiteral("lang"),
+                                  QStringLiteral("Language of the window: %1 (the system's unless "
+                                                 "given).")
+                                      .arg(availableLanguages().join(QStringLiteral(", "))),
+                                  QStringLiteral("language"));
+    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size, lang});
     parser.addPositionalArgument(QStringLiteral("file"),
                                  QStringLiteral("A List or Delayer sequence file to open (with "
                                                 "--demo: to upload instead of the Sine)."),
                                  QStringLiteral("[file]"));
     parser.process(app);
     const QString sequenceFile = parser.positionalArguments().value(0);
+
+    const QString language = parser.value(lang);
+    if (parser.isSet(lang) && !availableLanguages().contains(language))
+        return fail(QStringLiteral("no language %1; there are %2")
+                        .arg(language, availableLanguages().join(QStringLiteral(", "))));
+    installTranslators(parser.isSet(lang) ? QLocale(language) : QLocale::system());
 
     sim::InstrumentDescription description = sim::InstrumentDescription::builtIn();
     if (parser.isSet(instrument)) {

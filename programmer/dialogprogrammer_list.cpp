@@ -110,7 +110,8 @@ void DialogProgrammer::initListWidgets()
 
     ui->cbbListTempType->clear();
     for (const TypeEntry &entry : kListTypes)
-        ui->cbbListTempType->addItem(QIcon(QString::fromLatin1(entry.icon)), tr(entry.name));
+        ui->cbbListTempType->addItem(QIcon(QString::fromLatin1(entry.icon)),
+                                     QCoreApplication::translate("DialogProgrammer", entry.name));
 
     ui->btnListTemplateAppend->setIcon(QIcon(QStringLiteral(":images/append3.png")));
     ui->btnListTemplateInsert->setIcon(QIcon(QStringLiteral(":images/insert32.png")));

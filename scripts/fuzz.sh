@@ -22,7 +22,7 @@ esac
 "$root/scripts/setup.sh"
 flags="-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g"
 CC=clang CXX=clang++ cmake -S "$root" -B "$dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-    -DCMAKE_CXX_FLAGS="$flags" -DTARN_BUILD_FUZZERS=ON -DTARN_BUILD_TESTS=OFF \
+    -DCMAKE_CXX_FLAGS="$flags" -DTARN_BUILD_FUZZERS=ON -DBUILD_TESTING=OFF \
     -DTARN_BUILD_BENCHMARKS=OFF >/dev/null
 targets=(fuzz_listfile fuzz_delayerfile fuzz_templatestream fuzz_description fuzz_scpi fuzz_replies)
 build_targets=()

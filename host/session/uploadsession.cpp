@@ -251,13 +251,15 @@ void UploadSession::verify(const QByteArray &line)
     }
 }
 
+// tr() is qualified here because lupdate reads the template parameter as the class that
+// translates.
 template<class Step> void UploadSession::compare(const QList<Step> &held)
 {
     const int count = static_cast<int>(held.size());
     for (int i = 0; i < qMin(count, m_sent); ++i) {
         if (!sameAsStored(i, held.at(i))) {
             end({false,
-                 tr("Step %1 differs: sent %2, the instrument holds %3")
+                 UploadSession::tr("Step %1 differs: sent %2, the instrument holds %3")
                      .arg(i + 1)
                      .arg(stepText(i), describe(held.at(i))),
                  i,
@@ -267,7 +269,9 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
     }
     if (count != m_sent) {
         end({false,
-             tr("The instrument holds %1 steps, %2 were sent").arg(count).arg(m_sent),
+             UploadSession::tr("The instrument holds %1 steps, %2 were sent")
+                 .arg(count)
+                 .arg(m_sent),
              qMin(count, m_sent),
              count});
         return;
@@ -282,7 +286,10 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
     sequence.listSteps = m_listSent;
     sequence.delayerSteps = m_delayerSent;
     emit verified(sequence);
-    end({true, tr("Verified %1 steps on %2").arg(m_sent).arg(m_channelName), -1, m_sent});
+    end({true,
+         UploadSession::tr("Verified %1 steps on %2").arg(m_sent).arg(m_channelName),
+         -1,
+         m_sent});
 }
 
 void UploadSession::dialogError(const QString &error)

@@ -29,6 +29,7 @@ QString tabName(UploadMode mode)
 {
     return mode == UploadMode::List ? QObject::tr("List") : QObject::tr("Delayer");
 }
+
 } // namespace
 
 SequenceFiles::SequenceFiles(DialogProgrammer *dialog,

@@ -1,0 +1,199 @@
+// Tests of the translation catalogues: every message translated, none left over from texts the
+// code no longer has, none missing for texts it has, and every placeholder carried across.
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace {
+
+struct Catalogue
+{
+    int messages = 0;
+    QStringList problems;
+};
+
+// The placeholders %1..%99 a text uses, in order of number and without repeats.
+QStringList placeholders(const QString &text)
+{
+    static const QRegularExpression marker(QStringLiteral("%(\\d{1,2})"));
+    QStringList found;
+    auto it = marker.globalMatch(text);
+    while (it.hasNext()) {
+        const QString one = it.next().captured(0);
+        if (!found.contains(one))
+            found.append(one);
+    }
+    found.sort();
+    return found;
+}
+
+// Reads a .ts catalogue and lists what keeps it from being complete, one line per message.
+Catalogue check(const QByteArray &xml)
+{
+    Catalogue catalogue;
+    QXmlStreamReader reader(xml);
+    QString context;
+    QString source;
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (reader.name() == QLatin1String("name")) {
+            context = reader.readElementText();
+        } else if (reader.name() == QLatin1String("source")) {
+            source = reader.readElementText();
+        } else if (reader.name() == QLatin1String("translation")) {
+            ++catalogue.messages;
+            const QString type = reader.attributes().value(QLatin1String("type")).toString();
+            const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements);
+            const QString where = context + QStringLiteral(": \"") + source + QStringLiteral("\"");
+            if (!type.isEmpty())
+                catalogue.problems.append(where + QStringLiteral(" is ") + type);
+            else if (text.isEmpty())
+                catalogue.problems.append(where + QStringLiteral(" has no translation"));
+            else if (placeholders(text) != placeholders(source))
+                catalogue.problems.append(where + QStringLiteral(" loses or adds a placeholder"));
+        }
+    }
+    if (reader.hasError())
+        catalogue.problems.append(QStringLiteral("not XML: ") + reader.errorString());
+    return catalogue;
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString sourcesOf(const QString &base)
+{
+    return QStringLiteral(TARN_SOURCE_DIR)
+           + (base == QLatin1String("tarn2_specific") ? QStringLiteral("/programmer")
+                                                      : QStringLiteral("/host"));
+}
+
+} // namespace
+
+class TestCatalogues : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void checkFindsEveryKindOfGap_data();
+    void checkFindsEveryKindOfGap();
+    void catalogueIsComplete_data();
+    void catalogueIsComplete();
+    void catalogueHoldsEveryTextOfTheSources_data();
+    void catalogueHoldsEveryTextOfTheSources();
+
+private:
+    void catalogues();
+};
+
+void TestCatalogues::checkFindsEveryKindOfGap_data()
+{
+    QTest::addColumn<QString>("translation");
+    QTest::addColumn<QString>("problem");
+
+    QTest::newRow("translated") << "<translation>Schritt %1 von %2</translation>"
+                                << "";
+    QTest::newRow("unfinished") << "<translation type=\"unfinished\">Schritt</translation>"
+                                << "C: \"Step %1 of %2\" is unfinished";
+    QTest::newRow("obsolete") << "<translation type=\"obsolete\">Schritt %1 von %2</translation>"
+                              << "C: \"Step %1 of %2\" is obsolete";
+    QTest::newRow("vanished") << "<translation type=\"vanished\">Schritt %1 von %2</translation>"
+                              << "C: \"Step %1 of %2\" is vanished";
+    QTest::newRow("empty") << "<translation></translation>"
+                           << "C: \"Step %1 of %2\" has no translation";
+    QTest::newRow("placeholder dropped") << "<translation>Schritt %1</translation>"
+                                         << "C: \"Step %1 of %2\" loses or adds a placeholder";
+    QTest::newRow("placeholder renumbered") << "<translation>Schritt %1 von %3</translation>"
+                                            << "C: \"Step %1 of %2\" loses or adds a placeholder";
+}
+
+void TestCatalogues::checkFindsEveryKindOfGap()
+{
+    QFETCH(QString, translation);
+    QFETCH(QString, problem);
+
+    const QString xml = QStringLiteral("<?xml version=\"1.0\" encoding=\"utf-8\"?><!DOCTYPE TS>"
+                                       "<TS version=\"2.1\" language=\"de\"><context><name>C</name>"
+                                       "<message><source>Step %1 of %2</source>")
+                        + translation + QStringLiteral("</message></context></TS>");
+    const Catalogue catalogue = check(xml.toUtf8());
+    QCOMPARE(catalogue.messages, 1);
+    QCOMPARE(catalogue.problems, problem.isEmpty() ? QStringList() : QStringList{problem});
+}
+
+void TestCatalogues::catalogues()
+{
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QString>("language");
+    for (const char *base : {"tarn2_specific", "tarn_bench_host"}) {
+        for (const char *language : {"de", "zh_CN"}) {
+            QTest::addRow("%s_%s", base, language)
+                << QString::fromLatin1(base) << QString::fromLatin1(language);
+        }
+    }
+}
+
+void TestCatalogues::catalogueIsComplete_data()
+{
+    catalogues();
+}
+
+void TestCatalogues::catalogueIsComplete()
+{
+    QFETCH(QString, base);
+    QFETCH(QString, language);
+
+    const QByteArray xml
+        = read(QStringLiteral(TARN_TRANSLATIONS_DIR "/%1_%2.ts").arg(base, language));
+    QVERIFY(!xml.isEmpty());
+    const Catalogue catalogue = check(xml);
+    // Both catalogues hold about a hundred messages; a handful means the file was cut short.
+    QVERIFY2(catalogue.messages > 90, qPrintable(QString::number(catalogue.messages)));
+    QVERIFY2(catalogue.problems.isEmpty(), qPrintable(catalogue.problems.join(QLatin1Char('\n'))));
+}
+
+void TestCatalogues::catalogueHoldsEveryTextOfTheSources_data()
+{
+    catalogues();
+}
+
+// A text added to the code without refreshing the catalogues (the lupdate target) shows here as
+// unfinished, one removed from it as vanished.
+void TestCatalogues::catalogueHoldsEveryTextOfTheSources()
+{
+    QFETCH(QString, base);
+    QFETCH(QString, language);
+
+    QTemporaryDir scratch;
+    QVERIFY(scratch.isValid());
+    const QString copy
+        = scratch.filePath(base + QLatin1Char('_') + language + QStringLiteral(".ts"));
+    QVERIFY(
+        QFile::copy(QStringLiteral(TARN_TRANSLATIONS_DIR "/%1_%2.ts").arg(base, language), copy));
+    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+
+    QProcess lupdate;
+    lupdate.start(QStringLiteral(TARN_LUPDATE),
+                  {QStringLiteral("-silent"),
+                   QStringLiteral("-locations"),
+                   QStringLiteral("none"),
+                   sourcesOf(base),
+                   QStringLiteral("-ts"),
+                   copy});
+    QVERIFY(lupdate.waitForFinished(60000));
+    QCOMPARE(lupdate.exitCode(), 0);
+
+    const Catalogue catalogue = check(read(copy));
+    QVERIFY2(catalogue.problems.isEmpty(), qPrintable(catalogue.problems.join(QLatin1Char('\n'))));
+}
+
+QTEST_APPLESS_MAIN(TestCatalogues)
+#include "tst_catalogues.moc"

@@ -1,0 +1,417 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN">
+<context>
+    <name>DialogProgrammer</name>
+    <message>
+        <source>Dialog</source>
+        <translation>序列编程器</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Template</source>
+        <translation>模板</translation>
+    </message>
+    <message>
+        <source>Voltage:</source>
+        <translation>电压：</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>V</translation>
+    </message>
+    <message>
+        <source>Maximum:</source>
+        <translation>最大值：</translation>
+    </message>
+    <message>
+        <source>Type:</source>
+        <translation>类型：</translation>
+    </message>
+    <message>
+        <source>Minimum:</source>
+        <translation>最小值：</translation>
+    </message>
+    <message>
+        <source>Object:</source>
+        <translation>对象：</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+    <message>
+        <source>Reset All</source>
+        <translation>全部重置</translation>
+    </message>
+    <message>
+        <source>Interval:</source>
+        <translation>间隔：</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>s</translation>
+    </message>
+    <message>
+        <source>Period:</source>
+        <translation>周期：</translation>
+    </message>
+    <message>
+        <source>Cycles:</source>
+        <translation>循环次数：</translation>
+    </message>
+    <message>
+        <source>Inverted</source>
+        <translation>反相</translation>
+    </message>
+    <message>
+        <source>Width:</source>
+        <translation>宽度：</translation>
+    </message>
+    <message>
+        <source>Count:</source>
+        <translation>数量：</translation>
+    </message>
+    <message>
+        <source>Symmetry:</source>
+        <translation>对称度：</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>Steps:</source>
+        <translation>阶数：</translation>
+    </message>
+    <message>
+        <source>Groups:</source>
+        <translation>组数：</translation>
+    </message>
+    <message>
+        <source>Exp Rate:</source>
+        <translation>指数速率：</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Append</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>数据</translation>
+    </message>
+    <message>
+        <source>Basic</source>
+        <translation>基本设置</translation>
+    </message>
+    <message>
+        <source>Channel:</source>
+        <translation>通道：</translation>
+    </message>
+    <message>
+        <source>CH1</source>
+        <translation>CH1</translation>
+    </message>
+    <message>
+        <source>CH2</source>
+        <translation>CH2</translation>
+    </message>
+    <message>
+        <source>CH3</source>
+        <translation>CH3</translation>
+    </message>
+    <message>
+        <source>CH4</source>
+        <translation>CH4</translation>
+    </message>
+    <message>
+        <source>Series</source>
+        <translation>串联</translation>
+    </message>
+    <message>
+        <source>Parallel</source>
+        <translation>并联</translation>
+    </message>
+    <message>
+        <source>End State:</source>
+        <translation>结束状态：</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>加载</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>延时器</translation>
+    </message>
+    <message>
+        <source>Auto Generate</source>
+        <translation>自动生成</translation>
+    </message>
+    <message>
+        <source>Pattern:</source>
+        <translation>模式：</translation>
+    </message>
+    <message>
+        <source>On Delay:</source>
+        <translation>开启时长：</translation>
+    </message>
+    <message>
+        <source>Off Delay:</source>
+        <translation>关闭时长：</translation>
+    </message>
+    <message>
+        <source>Base Value:</source>
+        <translation>基准值：</translation>
+    </message>
+    <message>
+        <source>Step:</source>
+        <translation>步长：</translation>
+    </message>
+    <message>
+        <source>Fix Time</source>
+        <translation>固定时间</translation>
+    </message>
+    <message>
+        <source>Increase</source>
+        <translation>递增</translation>
+    </message>
+    <message>
+        <source>Decline</source>
+        <translation>递减</translation>
+    </message>
+    <message>
+        <source>ListUpload</source>
+        <translation>上传列表</translation>
+    </message>
+    <message>
+        <source>Upload List</source>
+        <translation>上传列表</translation>
+    </message>
+    <message>
+        <source>DelayerUpload</source>
+        <translation>上传延时器</translation>
+    </message>
+    <message>
+        <source>Upload Delayer</source>
+        <translation>上传延时器</translation>
+    </message>
+    <message>
+        <source>Sine</source>
+        <translation>正弦</translation>
+    </message>
+    <message>
+        <source>Pulse</source>
+        <translation>脉冲</translation>
+    </message>
+    <message>
+        <source>Ramp</source>
+        <translation>斜坡</translation>
+    </message>
+    <message>
+        <source>Stair Up</source>
+        <translation>阶梯上升</translation>
+    </message>
+    <message>
+        <source>Stair Down</source>
+        <translation>阶梯下降</translation>
+    </message>
+    <message>
+        <source>Stair Up Down</source>
+        <translation>阶梯升降</translation>
+    </message>
+    <message>
+        <source>Exponent Rise</source>
+        <translation>指数上升</translation>
+    </message>
+    <message>
+        <source>Exponent Fall</source>
+        <translation>指数下降</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::ComboBoxDelegate</name>
+    <message>
+        <source>OFF</source>
+        <translation>OFF</translation>
+    </message>
+    <message>
+        <source>ON</source>
+        <translation>ON</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::DelayerTemplateModel</name>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Time(s)</source>
+        <translation>时间(s)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::DialogProgrammer</name>
+    <message>
+        <source>Invalid</source>
+        <translation>无效</translation>
+    </message>
+    <message>
+        <source>This template would make %1 steps; at most %2 are allowed</source>
+        <translation>此模板将生成 %1 步；最多允许 %2 步</translation>
+    </message>
+    <message>
+        <source>Output Off</source>
+        <translation>输出关闭</translation>
+    </message>
+    <message>
+        <source>Output On</source>
+        <translation>输出开启</translation>
+    </message>
+    <message>
+        <source>Last</source>
+        <translation>保持最后状态</translation>
+    </message>
+    <message>
+        <source>Infinite</source>
+        <translation>无限</translation>
+    </message>
+    <message>
+        <source>01 Pattern</source>
+        <translation>01 模式</translation>
+    </message>
+    <message>
+        <source>10 Pattern</source>
+        <translation>10 模式</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Voltage(V)</source>
+        <translation>电压(V)</translation>
+    </message>
+    <message>
+        <source>Current(A)</source>
+        <translation>电流(A)</translation>
+    </message>
+    <message>
+        <source>Voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>Current:</source>
+        <translation>电流：</translation>
+    </message>
+    <message>
+        <source>Voltage:</source>
+        <translation>电压：</translation>
+    </message>
+    <message>
+        <source>Append</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>The %1 data is empty</source>
+        <translation>%1数据为空</translation>
+    </message>
+    <message>
+        <source>list</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>delayer</source>
+        <translation>延时器</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::ListDataModel</name>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Voltage(V)</source>
+        <translation>电压(V)</translation>
+    </message>
+    <message>
+        <source>Current(A)</source>
+        <translation>电流(A)</translation>
+    </message>
+    <message>
+        <source>Time(s)</source>
+        <translation>时间(s)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::ListTemplateModel</name>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Voltage(V)</source>
+        <translation>电压(V)</translation>
+    </message>
+    <message>
+        <source>Current(A)</source>
+        <translation>电流(A)</translation>
+    </message>
+    <message>
+        <source>Time(s)</source>
+        <translation>时间(s)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::ProgrammerUploader</name>
+    <message>
+        <source>The upload timed out</source>
+        <translation>上传超时</translation>
+    </message>
+</context>
+</TS>
