@@ -10,6 +10,8 @@
 #include <window/sequencefiles.h>
 #include <window/sequencehistory.h>
 
+#include "scriptedprompter.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -27,39 +29,10 @@
 #include <memory>
 
 using namespace tarn::host;
+using tarn::host::test::ScriptedPrompter;
 using namespace tarn2::specific::orvo5000::programmer;
 
 namespace {
-
-// Answers the window's questions from a script and remembers what it was asked.
-class ScriptedPrompter final : public Prompter
-{
-public:
-    QString openFileName(QWidget *, const QString &, const QString &) override
-    {
-        return paths.isEmpty() ? QString() : paths.takeFirst();
-    }
-    QString saveFileName(QWidget *, const QString &, const QString &) override
-    {
-        return paths.isEmpty() ? QString() : paths.takeFirst();
-    }
-    Answer question(QWidget *, const QString &, const QString &text) override
-    {
-        asked << text;
-        return answers.isEmpty() ? Answer::No : answers.takeFirst();
-    }
-    Answer unsavedChanges(QWidget *, const QString &text) override
-    {
-        asked << text;
-        return answers.isEmpty() ? Answer::Cancel : answers.takeFirst();
-    }
-    void warning(QWidget *, const QString &, const QString &text) override { warned << text; }
-
-    QStringList paths;
-    QList<Answer> answers;
-    QStringList asked;
-    QStringList warned;
-};
 
 void writeFile(const QString &path, const QByteArray &content)
 {
