@@ -47,6 +47,183 @@
         <source>CSV files (*.csv);;All files (*)</source>
         <translation>CSV-Dateien (*.csv);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>Delayer</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>voltage</source>
+        <translation>Spannung</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>Strom</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>the %1 &quot;%2&quot; is not a number</source>
+        <translation>%1 „%2“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>the state &quot;%1&quot; is not On or Off</source>
+        <translation>der Zustand „%1“ ist weder On noch Off</translation>
+    </message>
+    <message>
+        <source>the time &quot;%1&quot; is not a number</source>
+        <translation>die Zeit „%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>the file is empty or cannot be read</source>
+        <translation>die Datei ist leer oder nicht lesbar</translation>
+    </message>
+    <message>
+        <source>this is a %1 file, not a %2 file</source>
+        <translation>dies ist eine Datei vom Typ %1, nicht vom Typ %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not the head of a %2 file (%3,10)</source>
+        <translation>„%1“ ist nicht der Kopf einer Datei vom Typ %2 (%3,10)</translation>
+    </message>
+    <message>
+        <source>line %1: the file ends before its head is complete</source>
+        <translation>Zeile %1: die Datei endet, bevor ihr Kopf vollständig ist</translation>
+    </message>
+    <message>
+        <source>the repeat count (Cycles) is missing</source>
+        <translation>die Zyklenzahl (Cycles) fehlt</translation>
+    </message>
+    <message>
+        <source>the repeat count &quot;%1&quot; is not Infinite or a number from 0 to %2</source>
+        <translation>die Zyklenzahl „%1“ ist weder Infinite noch eine Zahl von 0 bis %2</translation>
+    </message>
+    <message>
+        <source>the end state (End Status) is missing</source>
+        <translation>der Endzustand (End Status) fehlt</translation>
+    </message>
+    <message>
+        <source>the end state &quot;%1&quot; is not Output Off, Output On or Last</source>
+        <translation>der Endzustand „%1“ ist weder Output Off noch Output On noch Last</translation>
+    </message>
+    <message>
+        <source>the number of steps (Groups) is missing</source>
+        <translation>die Schrittzahl (Groups) fehlt</translation>
+    </message>
+    <message>
+        <source>Groups &quot;%1&quot; is not a number</source>
+        <translation>Groups „%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>Groups %1 is above this instrument&apos;s %2</source>
+        <translation>Groups %1 übersteigt die %2 Schritte, die dieses Gerät fasst</translation>
+    </message>
+    <message>
+        <source>Groups %1 is below 1</source>
+        <translation>Groups %1 ist kleiner als 1</translation>
+    </message>
+    <message>
+        <source>more steps than this instrument&apos;s %1</source>
+        <translation>mehr Schritte, als dieses Gerät fasst (%1)</translation>
+    </message>
+    <message>
+        <source>%1 fields where %2 are expected</source>
+        <translation>%1 statt der erwarteten %2 Felder</translation>
+    </message>
+    <message>
+        <source>the file holds no steps</source>
+        <translation>die Datei enthält keine Schritte</translation>
+    </message>
+    <message>
+        <source>a List file cannot end in Output On</source>
+        <translation>eine Listendatei darf nicht auf Output On enden</translation>
+    </message>
+    <message>
+        <source>%1 cells where %2 are expected</source>
+        <translation>%1 statt der erwarteten %2 Zellen</translation>
+    </message>
+    <message>
+        <source>the clipboard holds no rows</source>
+        <translation>die Zwischenablage enthält keine Zeilen</translation>
+    </message>
+    <message>
+        <source>%1 %2 is not a finite number</source>
+        <translation>%1 %2 ist keine endliche Zahl</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3 is above %4&apos;s %5 %3</source>
+        <translation>%1 %2 %3 liegt über dem Höchstwert von %4 (%5 %3)</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3 is below %4&apos;s %5 %3</source>
+        <translation>%1 %2 %3 liegt unter dem Mindestwert von %4 (%5 %3)</translation>
+    </message>
+    <message>
+        <source>channel %1</source>
+        <translation>Kanal %1</translation>
+    </message>
+    <message>
+        <source>time %1 is not a finite number</source>
+        <translation>Zeit %1 ist keine endliche Zahl</translation>
+    </message>
+    <message>
+        <source>time %1 s is below the shortest step of %2 s</source>
+        <translation>Zeit %1 s liegt unter der kürzesten Schrittdauer von %2 s</translation>
+    </message>
+    <message>
+        <source>time %1 s is above the longest step of %2 s</source>
+        <translation>Zeit %1 s liegt über der längsten Schrittdauer von %2 s</translation>
+    </message>
+    <message>
+        <source>Change repeat count or end state</source>
+        <translation>Zyklenzahl oder Endzustand ändern</translation>
+    </message>
+    <message>
+        <source>Edit steps</source>
+        <translation>Schritte bearbeiten</translation>
+    </message>
+    <message>
+        <source>Unsaved sequence</source>
+        <translation>Ungespeicherte Sequenz</translation>
+    </message>
+    <message>
+        <source>Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3</source>
+        <translation>Nicht übertragen: Schritt %2 kann nicht an %1 gesendet werden: %3</translation>
+    </message>
+    <message>
+        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4</source>
+        <translation>Nicht übertragen: %1 Schritte können nicht an %2 gesendet werden; der erste ist Schritt %3: %4</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n steps</source>
+        <translation>
+            <numerusform>%n Schritt hinzufügen</numerusform>
+            <numerusform>%n Schritte hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n steps</source>
+        <translation>
+            <numerusform>Sequenz leeren (%n Schritt)</numerusform>
+            <numerusform>Sequenz leeren (%n Schritte)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n steps</source>
+        <translation>
+            <numerusform>%n Schritt löschen</numerusform>
+            <numerusform>%n Schritte löschen</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::BenchController</name>
@@ -81,6 +258,26 @@
     <message>
         <source>Disconnected</source>
         <translation>Getrennt</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
+        <translation>%1 (%2 von %3 Schritten gesendet; mehr fasst das Gerät nicht)</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>The sequence has %1 steps; this instrument holds %2.
+
+Upload only the first %2 steps?</source>
+        <translation>Die Sequenz hat %1 Schritte; dieses Gerät fasst %2.
+
+Nur die ersten %2 Schritte übertragen?</translation>
+    </message>
+    <message>
+        <source>Not uploaded: the sequence is longer than the instrument holds</source>
+        <translation>Nicht übertragen: die Sequenz ist länger, als das Gerät fasst</translation>
     </message>
 </context>
 <context>
@@ -400,34 +597,303 @@
     </message>
 </context>
 <context>
+    <name>tarn::host::SequenceEditor</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Sequence...</source>
+        <translation>Sequenz &amp;speichern...</translation>
+    </message>
+    <message>
+        <source>Save the sequence of the tab shown to a CSV file</source>
+        <translation>Die Sequenz des angezeigten Reiters in einer CSV-Datei speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Open Sequence...</source>
+        <translation>Sequenz ö&amp;ffnen...</translation>
+    </message>
+    <message>
+        <source>Load a CSV file into the tab shown</source>
+        <translation>Eine CSV-Datei in den angezeigten Reiter laden</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Rows</source>
+        <translation>Zeilen &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <translation>Zeilen &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Rows</source>
+        <translation>Zeilen &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>How long the sequence runs on the instrument, repeats included</source>
+        <translation>Wie lange die Sequenz auf dem Gerät läuft, Wiederholungen eingeschlossen</translation>
+    </message>
+    <message>
+        <source>The channel the List sequence is uploaded to</source>
+        <translation>Der Kanal, auf den die Listensequenz übertragen wird</translation>
+    </message>
+    <message>
+        <source>The channel the Delayer sequence is uploaded to</source>
+        <translation>Der Kanal, auf den die Delayer-Sequenz übertragen wird</translation>
+    </message>
+    <message>
+        <source>How often the instrument runs the sequence; Infinite repeats it until stopped</source>
+        <translation>Wie oft das Gerät die Sequenz ausführt; „Endlos“ wiederholt sie, bis sie angehalten wird</translation>
+    </message>
+    <message>
+        <source>The output&apos;s state after the last step</source>
+        <translation>Der Zustand des Ausgangs nach dem letzten Schritt</translation>
+    </message>
+    <message>
+        <source>The List sequence: double-click a cell to edit it; right-click to add or remove steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows</source>
+        <translation>Die Listensequenz: Doppelklick auf eine Zelle bearbeitet sie; Rechtsklick fügt Schritte hinzu oder entfernt sie; Entf löscht die ausgewählten Zeilen; Strg+C und Strg+V kopieren Zeilen und fügen sie ein</translation>
+    </message>
+    <message>
+        <source>The Delayer sequence: double-click a cell to edit it; right-click to add or remove steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows</source>
+        <translation>Die Delayer-Sequenz: Doppelklick auf eine Zelle bearbeitet sie; Rechtsklick fügt Schritte hinzu oder entfernt sie; Entf löscht die ausgewählten Zeilen; Strg+C und Strg+V kopieren Zeilen und fügen sie ein</translation>
+    </message>
+    <message>
+        <source>The steps the template makes</source>
+        <translation>Die Schritte, die die Vorlage erzeugt</translation>
+    </message>
+    <message>
+        <source>The waveform the template makes</source>
+        <translation>Die Kurvenform, die die Vorlage erzeugt</translation>
+    </message>
+    <message>
+        <source>Whether the waveform shapes voltage or current</source>
+        <translation>Ob die Kurvenform auf die Spannung oder den Strom wirkt</translation>
+    </message>
+    <message>
+        <source>How the step times develop</source>
+        <translation>Wie sich die Schrittdauern entwickeln</translation>
+    </message>
+    <message>
+        <source>Whether the pattern starts On or Off</source>
+        <translation>Ob das Muster mit Ein oder Aus beginnt</translation>
+    </message>
+    <message>
+        <source>Put this template back to its defaults</source>
+        <translation>Diese Vorlage auf ihre Vorgabewerte zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Put every List template back to its defaults</source>
+        <translation>Alle Listenvorlagen auf ihre Vorgabewerte zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Add the template&apos;s steps after the last step</source>
+        <translation>Die Schritte der Vorlage hinter dem letzten Schritt anhängen</translation>
+    </message>
+    <message>
+        <source>Add the template&apos;s steps before the selected step</source>
+        <translation>Die Schritte der Vorlage vor dem ausgewählten Schritt einfügen</translation>
+    </message>
+    <message>
+        <source>Save the List sequence to a CSV file (Ctrl+S)</source>
+        <translation>Die Listensequenz in einer CSV-Datei speichern (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Save the Delayer sequence to a CSV file (Ctrl+S)</source>
+        <translation>Die Delayer-Sequenz in einer CSV-Datei speichern (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Load a List sequence from a CSV file (Ctrl+O)</source>
+        <translation>Eine Listensequenz aus einer CSV-Datei laden (Strg+O)</translation>
+    </message>
+    <message>
+        <source>Load a Delayer sequence from a CSV file (Ctrl+O)</source>
+        <translation>Eine Delayer-Sequenz aus einer CSV-Datei laden (Strg+O)</translation>
+    </message>
+    <message>
+        <source>Check the List sequence and send it to the instrument</source>
+        <translation>Die Listensequenz prüfen und an das Gerät übertragen</translation>
+    </message>
+    <message>
+        <source>Check the Delayer sequence and send it to the instrument</source>
+        <translation>Die Delayer-Sequenz prüfen und an das Gerät übertragen</translation>
+    </message>
+    <message>
+        <source>Total %1 s, repeated endlessly</source>
+        <translation>Gesamt %1 s, endlos wiederholt</translation>
+    </message>
+    <message>
+        <source>Total %1 s</source>
+        <translation>Gesamt %1 s</translation>
+    </message>
+    <message>
+        <source>Total %1 s × %2 = %3 s</source>
+        <translation>Gesamt %1 s × %2 = %3 s</translation>
+    </message>
+    <message>
+        <source>Red: %1 steps are more than the %2 this instrument holds. An upload sends only the first %2, after asking, and a file of this sequence would not load back.</source>
+        <translation>Rot: %1 Schritte sind mehr, als dieses Gerät fasst (%2). Eine Übertragung sendet nach Rückfrage nur die ersten %2, und eine Datei dieser Sequenz ließe sich nicht wieder laden.</translation>
+    </message>
+    <message>
+        <source>Steps in the sequence; red above the %1 this instrument holds</source>
+        <translation>Schritte in der Sequenz; rot, wenn es mehr sind, als dieses Gerät fasst (%1)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Not pasted: %1</source>
+        <translation>Nicht eingefügt: %1</translation>
+    </message>
+    <message>
+        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
+        <translation>Die Sequenz „%1“ wurde seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
+        <translation>Die Sequenzen „Liste“ und „Delayer“ wurden seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n steps</source>
+        <translation>
+            <numerusform>%n Schritt kopiert</numerusform>
+            <numerusform>%n Schritte kopiert</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pasted %n steps</source>
+        <translation>
+            <numerusform>%n Schritt eingefügt</numerusform>
+            <numerusform>%n Schritte eingefügt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::SequenceFiles</name>
     <message>
-        <source>Save List</source>
-        <translation>Liste speichern</translation>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 wurde nicht geöffnet: %2</translation>
     </message>
     <message>
-        <source>Could not write %1</source>
-        <translation>%1 konnte nicht geschrieben werden</translation>
+        <source>line 1: it is not a List or Delayer file</source>
+        <translation>Zeile 1: es ist weder eine Listen- noch eine Delayer-Datei</translation>
     </message>
     <message>
-        <source>Save Delayer</source>
-        <translation>Delayer speichern</translation>
+        <source>Open Sequence</source>
+        <translation>Sequenz öffnen</translation>
     </message>
     <message>
-        <source>Load List</source>
-        <translation>Liste laden</translation>
+        <source>Load %1</source>
+        <translation>%1 laden</translation>
     </message>
     <message>
-        <source>%1 holds no usable list</source>
-        <translation>%1 enthält keine verwendbare Liste</translation>
+        <source>%1 was not loaded: %2</source>
+        <translation>%1 wurde nicht geladen: %2</translation>
     </message>
     <message>
-        <source>Load Delayer</source>
-        <translation>Delayer laden</translation>
+        <source>the folder %1 does not exist</source>
+        <translation>der Ordner %1 existiert nicht</translation>
     </message>
     <message>
-        <source>%1 holds no usable delayer sequence</source>
-        <translation>%1 enthält keine verwendbare Delayer-Sequenz</translation>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>the file could not be written completely</source>
+        <translation>die Datei konnte nicht vollständig geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Save %1</source>
+        <translation>%1 speichern</translation>
+    </message>
+    <message>
+        <source>The sequence is empty.</source>
+        <translation>Die Sequenz ist leer.</translation>
+    </message>
+    <message>
+        <source>It ends in Output On, and a List file with that end state is refused.</source>
+        <translation>Sie endet mit „Ausgang ein“, und eine Listendatei mit diesem Endzustand wird abgelehnt.</translation>
+    </message>
+    <message>
+        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
+        <translation>Sie hat %1 Schritte, mehr als dieses Gerät fasst (%2).</translation>
+    </message>
+    <message>
+        <source>This file would not load back:
+%1
+
+Save anyway?</source>
+        <translation>Diese Datei ließe sich nicht wieder laden:
+%1
+
+Trotzdem speichern?</translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was not loaded: %2.
+
+Load its %n steps with the end state Output Off?</source>
+        <translation>
+            <numerusform>%1 wurde nicht geladen: %2.
+
+Den %n Schritt der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
+            <numerusform>%1 wurde nicht geladen: %2.
+
+Die %n Schritte der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved %n steps to %1</source>
+        <translation>
+            <numerusform>%n Schritt in %1 gespeichert</numerusform>
+            <numerusform>%n Schritte in %1 gespeichert</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceHistory</name>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Erase all %1 steps of the %2 sequence?</source>
+        <translation>Alle %1 Schritte der Sequenz „%2“ löschen?</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>Delayer</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceReader</name>
+    <message>
+        <source>the file does not exist</source>
+        <translation>die Datei existiert nicht</translation>
+    </message>
+    <message>
+        <source>the file holds %1 bytes, more than a sequence of %2 steps can take (%3 bytes)</source>
+        <translation>die Datei ist %1 Bytes groß, mehr als eine Sequenz mit %2 Schritten belegen kann (%3 Bytes)</translation>
     </message>
 </context>
 <context>

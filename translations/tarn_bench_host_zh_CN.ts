@@ -47,6 +47,180 @@
         <source>CSV files (*.csv);;All files (*)</source>
         <translation>CSV 文件 (*.csv);;所有文件 (*)</translation>
     </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>延时器</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>第 %1 行：%2</translation>
+    </message>
+    <message>
+        <source>voltage</source>
+        <translation>电压</translation>
+    </message>
+    <message>
+        <source>current</source>
+        <translation>电流</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>the %1 &quot;%2&quot; is not a number</source>
+        <translation>%1“%2”不是数字</translation>
+    </message>
+    <message>
+        <source>the state &quot;%1&quot; is not On or Off</source>
+        <translation>状态“%1”既不是 On 也不是 Off</translation>
+    </message>
+    <message>
+        <source>the time &quot;%1&quot; is not a number</source>
+        <translation>时间“%1”不是数字</translation>
+    </message>
+    <message>
+        <source>the file is empty or cannot be read</source>
+        <translation>文件为空或无法读取</translation>
+    </message>
+    <message>
+        <source>this is a %1 file, not a %2 file</source>
+        <translation>这是%1文件，不是%2文件</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not the head of a %2 file (%3,10)</source>
+        <translation>“%1”不是%2文件的文件头（%3,10）</translation>
+    </message>
+    <message>
+        <source>line %1: the file ends before its head is complete</source>
+        <translation>第 %1 行：文件在文件头完整之前就已结束</translation>
+    </message>
+    <message>
+        <source>the repeat count (Cycles) is missing</source>
+        <translation>缺少循环次数（Cycles）</translation>
+    </message>
+    <message>
+        <source>the repeat count &quot;%1&quot; is not Infinite or a number from 0 to %2</source>
+        <translation>循环次数“%1”既不是 Infinite，也不是 0 到 %2 之间的数字</translation>
+    </message>
+    <message>
+        <source>the end state (End Status) is missing</source>
+        <translation>缺少结束状态（End Status）</translation>
+    </message>
+    <message>
+        <source>the end state &quot;%1&quot; is not Output Off, Output On or Last</source>
+        <translation>结束状态“%1”不是 Output Off、Output On 或 Last</translation>
+    </message>
+    <message>
+        <source>the number of steps (Groups) is missing</source>
+        <translation>缺少步数（Groups）</translation>
+    </message>
+    <message>
+        <source>Groups &quot;%1&quot; is not a number</source>
+        <translation>Groups 的值“%1”不是数字</translation>
+    </message>
+    <message>
+        <source>Groups %1 is above this instrument&apos;s %2</source>
+        <translation>Groups %1 超过了此仪器可容纳的 %2 步</translation>
+    </message>
+    <message>
+        <source>Groups %1 is below 1</source>
+        <translation>Groups %1 小于 1</translation>
+    </message>
+    <message>
+        <source>more steps than this instrument&apos;s %1</source>
+        <translation>步数超过了此仪器可容纳的 %1 步</translation>
+    </message>
+    <message>
+        <source>%1 fields where %2 are expected</source>
+        <translation>有 %1 个字段，应为 %2 个</translation>
+    </message>
+    <message>
+        <source>the file holds no steps</source>
+        <translation>文件中没有步骤</translation>
+    </message>
+    <message>
+        <source>a List file cannot end in Output On</source>
+        <translation>列表文件的结束状态不能是 Output On</translation>
+    </message>
+    <message>
+        <source>%1 cells where %2 are expected</source>
+        <translation>有 %1 个单元格，应为 %2 个</translation>
+    </message>
+    <message>
+        <source>the clipboard holds no rows</source>
+        <translation>剪贴板中没有数据行</translation>
+    </message>
+    <message>
+        <source>%1 %2 is not a finite number</source>
+        <translation>%1 %2 不是有限数值</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3 is above %4&apos;s %5 %3</source>
+        <translation>%1 %2 %3 高于 %4 的上限 %5 %3</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3 is below %4&apos;s %5 %3</source>
+        <translation>%1 %2 %3 低于 %4 的下限 %5 %3</translation>
+    </message>
+    <message>
+        <source>channel %1</source>
+        <translation>通道 %1</translation>
+    </message>
+    <message>
+        <source>time %1 is not a finite number</source>
+        <translation>时间 %1 不是有限数值</translation>
+    </message>
+    <message>
+        <source>time %1 s is below the shortest step of %2 s</source>
+        <translation>时间 %1 秒短于最短步骤时间 %2 秒</translation>
+    </message>
+    <message>
+        <source>time %1 s is above the longest step of %2 s</source>
+        <translation>时间 %1 秒长于最长步骤时间 %2 秒</translation>
+    </message>
+    <message>
+        <source>Change repeat count or end state</source>
+        <translation>更改循环次数或结束状态</translation>
+    </message>
+    <message>
+        <source>Edit steps</source>
+        <translation>编辑步骤</translation>
+    </message>
+    <message>
+        <source>Unsaved sequence</source>
+        <translation>未保存的序列</translation>
+    </message>
+    <message>
+        <source>Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3</source>
+        <translation>未上传：第 %2 步无法发送到 %1：%3</translation>
+    </message>
+    <message>
+        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4</source>
+        <translation>未上传：有 %1 步无法发送到 %2；第一个是第 %3 步：%4</translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n steps</source>
+        <translation>
+            <numerusform>添加 %n 步</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clear %n steps</source>
+        <translation>
+            <numerusform>清空 %n 步</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n steps</source>
+        <translation>
+            <numerusform>删除 %n 步</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::BenchController</name>
@@ -81,6 +255,26 @@
     <message>
         <source>Disconnected</source>
         <translation>已断开</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
+        <translation>%1（已发送 %2/%3 步；仪器无法容纳更多步骤）</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>The sequence has %1 steps; this instrument holds %2.
+
+Upload only the first %2 steps?</source>
+        <translation>该序列有 %1 步；此仪器最多容纳 %2 步。
+
+是否只上传前 %2 步？</translation>
+    </message>
+    <message>
+        <source>Not uploaded: the sequence is longer than the instrument holds</source>
+        <translation>未上传：序列超出了仪器可容纳的步数</translation>
     </message>
 </context>
 <context>
@@ -400,34 +594,297 @@
     </message>
 </context>
 <context>
+    <name>tarn::host::SequenceEditor</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Save Sequence...</source>
+        <translation>保存序列(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Save the sequence of the tab shown to a CSV file</source>
+        <translation>将当前标签页的序列保存到 CSV 文件</translation>
+    </message>
+    <message>
+        <source>&amp;Open Sequence...</source>
+        <translation>打开序列(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Load a CSV file into the tab shown</source>
+        <translation>将 CSV 文件加载到当前标签页</translation>
+    </message>
+    <message>
+        <source>&amp;Delete Rows</source>
+        <translation>删除行(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <translation>复制行(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Rows</source>
+        <translation>粘贴行(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>How long the sequence runs on the instrument, repeats included</source>
+        <translation>序列在仪器上运行的总时长（含重复）</translation>
+    </message>
+    <message>
+        <source>The channel the List sequence is uploaded to</source>
+        <translation>列表序列上传到的通道</translation>
+    </message>
+    <message>
+        <source>The channel the Delayer sequence is uploaded to</source>
+        <translation>延时器序列上传到的通道</translation>
+    </message>
+    <message>
+        <source>How often the instrument runs the sequence; Infinite repeats it until stopped</source>
+        <translation>仪器运行该序列的次数；选择“无限”则一直重复，直到停止</translation>
+    </message>
+    <message>
+        <source>The output&apos;s state after the last step</source>
+        <translation>最后一步之后的输出状态</translation>
+    </message>
+    <message>
+        <source>The List sequence: double-click a cell to edit it; right-click to add or remove steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows</source>
+        <translation>列表序列：双击单元格可编辑；右键单击可添加或删除步骤；按 Delete 键删除所选行；Ctrl+C 和 Ctrl+V 复制和粘贴行</translation>
+    </message>
+    <message>
+        <source>The Delayer sequence: double-click a cell to edit it; right-click to add or remove steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows</source>
+        <translation>延时器序列：双击单元格可编辑；右键单击可添加或删除步骤；按 Delete 键删除所选行；Ctrl+C 和 Ctrl+V 复制和粘贴行</translation>
+    </message>
+    <message>
+        <source>The steps the template makes</source>
+        <translation>模板生成的步骤</translation>
+    </message>
+    <message>
+        <source>The waveform the template makes</source>
+        <translation>模板生成的波形</translation>
+    </message>
+    <message>
+        <source>Whether the waveform shapes voltage or current</source>
+        <translation>波形作用于电压还是电流</translation>
+    </message>
+    <message>
+        <source>How the step times develop</source>
+        <translation>各步骤时间的变化方式</translation>
+    </message>
+    <message>
+        <source>Whether the pattern starts On or Off</source>
+        <translation>模式以开还是关开始</translation>
+    </message>
+    <message>
+        <source>Put this template back to its defaults</source>
+        <translation>将此模板重置为默认值</translation>
+    </message>
+    <message>
+        <source>Put every List template back to its defaults</source>
+        <translation>将所有列表模板重置为默认值</translation>
+    </message>
+    <message>
+        <source>Add the template&apos;s steps after the last step</source>
+        <translation>将模板的步骤追加到最后一步之后</translation>
+    </message>
+    <message>
+        <source>Add the template&apos;s steps before the selected step</source>
+        <translation>将模板的步骤插入到所选步骤之前</translation>
+    </message>
+    <message>
+        <source>Save the List sequence to a CSV file (Ctrl+S)</source>
+        <translation>将列表序列保存到 CSV 文件（Ctrl+S）</translation>
+    </message>
+    <message>
+        <source>Save the Delayer sequence to a CSV file (Ctrl+S)</source>
+        <translation>将延时器序列保存到 CSV 文件（Ctrl+S）</translation>
+    </message>
+    <message>
+        <source>Load a List sequence from a CSV file (Ctrl+O)</source>
+        <translation>从 CSV 文件加载列表序列（Ctrl+O）</translation>
+    </message>
+    <message>
+        <source>Load a Delayer sequence from a CSV file (Ctrl+O)</source>
+        <translation>从 CSV 文件加载延时器序列（Ctrl+O）</translation>
+    </message>
+    <message>
+        <source>Check the List sequence and send it to the instrument</source>
+        <translation>检查列表序列并上传到仪器</translation>
+    </message>
+    <message>
+        <source>Check the Delayer sequence and send it to the instrument</source>
+        <translation>检查延时器序列并上传到仪器</translation>
+    </message>
+    <message>
+        <source>Total %1 s, repeated endlessly</source>
+        <translation>总计 %1 秒，无限重复</translation>
+    </message>
+    <message>
+        <source>Total %1 s</source>
+        <translation>总计 %1 秒</translation>
+    </message>
+    <message>
+        <source>Total %1 s × %2 = %3 s</source>
+        <translation>总计 %1 秒 × %2 = %3 秒</translation>
+    </message>
+    <message>
+        <source>Red: %1 steps are more than the %2 this instrument holds. An upload sends only the first %2, after asking, and a file of this sequence would not load back.</source>
+        <translation>红色：%1 步超过了此仪器可容纳的 %2 步。上传时会先询问，然后只发送前 %2 步；此序列保存成的文件也无法再加载。</translation>
+    </message>
+    <message>
+        <source>Steps in the sequence; red above the %1 this instrument holds</source>
+        <translation>序列中的步数；超过此仪器可容纳的 %1 步时显示为红色</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>撤销 %1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>重做 %1(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Not pasted: %1</source>
+        <translation>未粘贴：%1</translation>
+    </message>
+    <message>
+        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
+        <translation>%1序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
+    </message>
+    <message>
+        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
+        <translation>列表序列和延时器序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n steps</source>
+        <translation>
+            <numerusform>已复制 %n 步</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pasted %n steps</source>
+        <translation>
+            <numerusform>已粘贴 %n 步</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::SequenceFiles</name>
     <message>
-        <source>Save List</source>
-        <translation>保存列表</translation>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 未打开：%2</translation>
     </message>
     <message>
-        <source>Could not write %1</source>
-        <translation>无法写入 %1</translation>
+        <source>line 1: it is not a List or Delayer file</source>
+        <translation>第 1 行：这既不是列表文件也不是延时器文件</translation>
     </message>
     <message>
-        <source>Save Delayer</source>
-        <translation>保存延时器</translation>
+        <source>Open Sequence</source>
+        <translation>打开序列</translation>
     </message>
     <message>
-        <source>Load List</source>
-        <translation>加载列表</translation>
+        <source>Load %1</source>
+        <translation>加载%1</translation>
     </message>
     <message>
-        <source>%1 holds no usable list</source>
-        <translation>%1 中没有可用的列表</translation>
+        <source>%1 was not loaded: %2</source>
+        <translation>%1 未加载：%2</translation>
     </message>
     <message>
-        <source>Load Delayer</source>
-        <translation>加载延时器</translation>
+        <source>the folder %1 does not exist</source>
+        <translation>文件夹 %1 不存在</translation>
     </message>
     <message>
-        <source>%1 holds no usable delayer sequence</source>
-        <translation>%1 中没有可用的延时器序列</translation>
+        <source>it is a folder</source>
+        <translation>这是一个文件夹</translation>
+    </message>
+    <message>
+        <source>the file could not be written completely</source>
+        <translation>文件未能完整写入</translation>
+    </message>
+    <message>
+        <source>Save %1</source>
+        <translation>保存%1</translation>
+    </message>
+    <message>
+        <source>The sequence is empty.</source>
+        <translation>序列为空。</translation>
+    </message>
+    <message>
+        <source>It ends in Output On, and a List file with that end state is refused.</source>
+        <translation>其结束状态为“输出开启”，而具有此结束状态的列表文件会被拒绝。</translation>
+    </message>
+    <message>
+        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
+        <translation>序列有 %1 步，超过了此仪器可容纳的 %2 步。</translation>
+    </message>
+    <message>
+        <source>This file would not load back:
+%1
+
+Save anyway?</source>
+        <translation>此文件将无法再加载：
+%1
+
+仍要保存吗？</translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was not loaded: %2.
+
+Load its %n steps with the end state Output Off?</source>
+        <translation>
+            <numerusform>%1 未加载：%2。
+
+是否以结束状态“输出关闭”加载其中的 %n 步？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved %n steps to %1</source>
+        <translation>
+            <numerusform>已将 %n 步保存到 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceHistory</name>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Erase all %1 steps of the %2 sequence?</source>
+        <translation>是否删除%2序列的全部 %1 步？</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>延时器</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceReader</name>
+    <message>
+        <source>the file does not exist</source>
+        <translation>文件不存在</translation>
+    </message>
+    <message>
+        <source>the file holds %1 bytes, more than a sequence of %2 steps can take (%3 bytes)</source>
+        <translation>文件大小为 %1 字节，超过了 %2 步的序列可能占用的大小（%3 字节）</translation>
     </message>
 </context>
 <context>

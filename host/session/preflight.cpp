@@ -45,12 +45,13 @@ QString Preflight::refusal() const
 {
     if (passed())
         return {};
-    const QString count = badCount == 1 ? QObject::tr("1 step cannot")
-                                        : QObject::tr("%1 steps cannot").arg(badCount);
-    return QObject::tr("Not uploaded: %1 be sent to %2; the first is step %3: %4")
-        .arg(count, channelName)
-        .arg(firstBad)
-        .arg(firstProblem);
+    // A whole sentence for one step and one for several, so that each language can make the
+    // count, the noun and the verb agree.
+    if (badCount == 1)
+        return QObject::tr("Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3")
+            .arg(channelName, QString::number(firstBad), firstProblem);
+    return QObject::tr("Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4")
+        .arg(QString::number(badCount), channelName, QString::number(firstBad), firstProblem);
 }
 
 } // namespace tarn::host

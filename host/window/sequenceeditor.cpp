@@ -403,7 +403,7 @@ void SequenceEditor::copyRows()
         }
     }
     QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')) + QLatin1Char('\n'));
-    m_dialog->showInfo(tr("Copied %1 steps").arg(rows.size()), messageMs);
+    m_dialog->showInfo(tr("Copied %n steps", nullptr, rows.size()), messageMs);
 }
 
 void SequenceEditor::pasteRows()
@@ -431,7 +431,7 @@ void SequenceEditor::pasteRows()
     m_files->replace(content);
     history(mode)->flush();
     selectRows(mode, at, read.content.size());
-    m_dialog->showInfo(tr("Pasted %1 steps").arg(read.content.size()), messageMs);
+    m_dialog->showInfo(tr("Pasted %n steps", nullptr, read.content.size()), messageMs);
 }
 
 void SequenceEditor::restoreSession()

@@ -179,10 +179,11 @@ std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode)
     if (read.refusedOnlyForEndState && m_prompter
         && m_prompter->question(m_dialog,
                                 title,
-                                tr("%1 was not loaded: %2.\n\nLoad its %3 steps with the end "
-                                   "state Output Off?")
-                                    .arg(file, read.error)
-                                    .arg(read.content.size()))
+                                tr("%1 was not loaded: %2.\n\nLoad its %n steps with the end "
+                                   "state Output Off?",
+                                   nullptr,
+                                   read.content.size())
+                                    .arg(file, read.error))
                == Prompter::Answer::Yes) {
         read.content.endState = QStringLiteral("OFF");
         return read.content;
@@ -274,7 +275,7 @@ void SequenceFiles::handleSave(UploadMode mode,
         return;
     }
     m_lastSaveWritten = true;
-    m_dialog->showInfo(tr("Saved %1 steps to %2").arg(count).arg(file), messageMs);
+    m_dialog->showInfo(tr("Saved %n steps to %1", nullptr, count).arg(file), messageMs);
     emit saved(mode);
 }
 

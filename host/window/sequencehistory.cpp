@@ -34,13 +34,14 @@ bool sameSteps(const SequenceContent &a, const SequenceContent &b)
 
 QString describe(const SequenceContent &before, const SequenceContent &after)
 {
+    // %n lets each catalogue say "1 step" and "2 steps" in its own plural forms.
     const int difference = after.size() - before.size();
     if (difference > 0)
-        return QObject::tr("Add %1 steps").arg(difference);
+        return QObject::tr("Add %n steps", nullptr, difference);
     if (after.size() == 0)
-        return QObject::tr("Clear %1 steps").arg(before.size());
+        return QObject::tr("Clear %n steps", nullptr, before.size());
     if (difference < 0)
-        return QObject::tr("Delete %1 steps").arg(-difference);
+        return QObject::tr("Delete %n steps", nullptr, -difference);
     if (sameSteps(before, after))
         return QObject::tr("Change repeat count or end state");
     return QObject::tr("Edit steps");
