@@ -1,4 +1,5 @@
 // Tests of the cell editors, driven through a real table view.
+#include "benchoption.h"
 #include "comboboxdelegate.h"
 #include "delayermodel.h"
 #include "floatdelegate.h"
@@ -6,8 +7,10 @@
 #include "listdatamodel.h"
 #include "modeltester.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QScopeGuard>
 #include <QTableView>
 
 using namespace tarn2::specific::orvo5000::programmer;
@@ -22,8 +25,18 @@ private slots:
     void initTestCase()
     {
         modeltester::start();
-        // Seconds with 1 decimal from 0.1 to 1000, volts with 2 decimals, amperes with 3.
-        Helper::getInstance().option = {{}, 1, 0.1, 1000, 2, 3, {{"CH1", {{-1, 30}, {0.01, 5}}}}};
+        // Seconds with 1 decimal from 0.1 to 1000, volts with 2 decimals, amperes with 3, and one
+        // channel regulating -1..30 V and 0.01..5 A.
+        Option option = test::benchOption();
+        option.name.clear();
+        option.timeDecimals = 1;
+        option.timeMin = 0.1;
+        option.timeMax = 1000;
+        option.voltageDecimals = 2;
+        option.currentDecimals = 3;
+        option.channels = {test::channel(QStringLiteral("CH1"), 30, 5)};
+        option.channels[0].ranges = {{-1, 30}, {0.01, 5}};
+        Helper::getInstance().option = option;
         view.show();
     }
 
@@ -50,12 +63,16 @@ private slots:
         FloatDelegate delegate;
         view.setModel(&f.model);
         view.setItemDelegate(&delegate);
+        // An editor left open by a failed check must not outlive its model and delegate.
+        const auto closeEditors = qScopeGuard([this] { view.setModel(nullptr); });
         const QModelIndex index = f.model.index(0, column);
         view.edit(index);
         auto *editor = view.findChild<QDoubleSpinBox *>();
-        QVERIFY(editor || range.isEmpty());
-        if (!editor)
+        if (range.isEmpty()) {
+            QVERIFY(!editor);
             return;
+        }
+        QVERIFY(editor);
         QCOMPARE(editor->textFromValue(editor->minimum()) + ".."
                      + editor->textFromValue(editor->maximum()),
                  range);
@@ -63,22 +80,56 @@ private slots:
         editor->clear();
         QTest::keyClicks(editor, QString::number(typed));
         QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_COMPARE(index.data(Qt::EditRole).toDouble(), typed);
+        QTRY_VERIFY(!view.findChild<QDoubleSpinBox *>());
+        QCOMPARE(index.data(Qt::EditRole).toDouble(), typed);
     }
 
-    void stateEditorStoresOnAsTrue()
+    void stateEditor_data()
     {
-        modeltester::Watched<DelayerModel, DelayerData> f{{{false, 1.0}}};
+        QTest::addColumn<bool>("stored");
+        QTest::addColumn<QString>("opensOn");
+        QTest::addColumn<QString>("chosen");
+        QTest::addColumn<bool>("committed");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("off cell, ON chosen") << false << "OFF"
+                                             << "ON" << true << "ON";
+        QTest::newRow("on cell, OFF chosen") << true << "ON"
+                                             << "OFF" << false << "OFF";
+        QTest::newRow("on cell left as it was") << true << "ON"
+                                                << "ON" << true << "ON";
+        QTest::newRow("off cell left as it was") << false << "OFF"
+                                                 << "OFF" << false << "OFF";
+    }
+
+    // The editor opens on the cell's state with the choice already offered, and stores the one
+    // chosen.
+    void stateEditor()
+    {
+        QFETCH(bool, stored);
+        QFETCH(QString, opensOn);
+        QFETCH(QString, chosen);
+        QFETCH(bool, committed);
+        QFETCH(QString, shown);
+        modeltester::Watched<DelayerModel, DelayerData> f{{{stored, 1.0}}};
         ComboBoxDelegate delegate;
         view.setModel(&f.model);
         view.setItemDelegate(&delegate);
-        view.edit(f.model.index(0, 1));
+        // An editor left open by a failed check must not outlive its model and delegate.
+        const auto closeEditors = qScopeGuard([this] { view.setModel(nullptr); });
+        const QModelIndex index = f.model.index(0, 1);
+        view.edit(index);
         auto *editor = view.findChild<QComboBox *>();
-        QVERIFY(editor && editor->count() == 2 && editor->currentIndex() == 0);
-        QTRY_VERIFY(editor->view()->isVisible()); // the choice is offered at once
-        editor->setCurrentIndex(editor->findText(QStringLiteral("ON")));
+        QVERIFY(editor);
+        QCOMPARE(editor->count(), 2);
+        QCOMPARE(editor->itemText(0), QStringLiteral("OFF"));
+        QCOMPARE(editor->itemText(1), QStringLiteral("ON"));
+        QCOMPARE(editor->currentText(), opensOn);
+        QTRY_VERIFY(editor->view()->isVisible());
+        editor->setCurrentIndex(editor->findText(chosen));
         QTest::keyClick(editor, Qt::Key_Return);
-        QTRY_VERIFY(f.steps.at(0).state);
+        QTRY_VERIFY(!view.findChild<QComboBox *>());
+        QCOMPARE(f.steps.at(0).state, committed);
+        QCOMPARE(index.data(Qt::DisplayRole).toString(), shown);
     }
 };
 
