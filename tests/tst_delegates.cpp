@@ -14,6 +14,7 @@
 #include <QTableView>
 
 using namespace tarn2::specific::orvo5000::programmer;
+using Range = QPair<double, double>;
 
 class TestDelegates : public QObject
 {
@@ -25,8 +26,8 @@ private slots:
     void initTestCase()
     {
         modeltester::start();
-        // Seconds with 1 decimal from 0.1 to 1000, volts with 2 decimals, amperes with 3, and one
-        // channel regulating -1..30 V and 0.01..5 A.
+        // Seconds with 1 decimal from 0.1 to 1000, volts with 2 decimals, amperes with 3; CH1
+        // regulates -1..30 V and 0.01..5 A, CH2 is described by its voltage range only.
         Option option = test::benchOption();
         option.name.clear();
         option.timeDecimals = 1;
@@ -34,23 +35,32 @@ private slots:
         option.timeMax = 1000;
         option.voltageDecimals = 2;
         option.currentDecimals = 3;
-        option.channels = {test::channel(QStringLiteral("CH1"), 30, 5)};
-        option.channels[0].ranges = {{-1, 30}, {0.01, 5}};
+        option.channels = {test::channel(QStringLiteral("CH1"), 30, 5),
+                           test::channel(QStringLiteral("CH2"), 20, 0)};
+        option.channels[0].ranges[0].first = -1;
+        option.channels[0].ranges[1].first = 0.01;
+        option.channels[1].ranges.removeLast();
         Helper::getInstance().option = option;
         view.show();
     }
 
     void floatEditor_data()
     {
-        QTest::addColumn<int>("channel"); // the option has only channel 0
+        QTest::addColumn<int>("channel");
         QTest::addColumn<int>("column");
         QTest::addColumn<double>("typed");
         QTest::addColumn<QString>("range"); // as the editor shows its bounds; none: no editor
         QTest::newRow("voltage") << 0 << 1 << 12.34 << "-1.00..30.00";
         QTest::newRow("current") << 0 << 2 << 1.234 << "0.010..5.000";
         QTest::newRow("time") << 0 << 3 << 999.9 << "0.1..1000.0";
-        QTest::newRow("time without channel") << 1 << 3 << 2.5 << "0.1..1000.0";
-        QTest::newRow("no voltage without channel") << 1 << 1 << 0.0 << "";
+        // A value whose range the option does not describe is not edited at all.
+        QTest::newRow("voltage of a voltage-only channel") << 1 << 1 << 12.5 << "0.00..20.00";
+        QTest::newRow("no current of a voltage-only channel") << 1 << 2 << 0.0 << "";
+        QTest::newRow("time of a voltage-only channel") << 1 << 3 << 0.1 << "0.1..1000.0";
+        QTest::newRow("no voltage without channel") << 2 << 1 << 0.0 << "";
+        QTest::newRow("no current without channel") << 2 << 2 << 0.0 << "";
+        QTest::newRow("time without channel") << 2 << 3 << 2.5 << "0.1..1000.0";
+        QTest::newRow("no voltage before any channel") << -1 << 1 << 0.0 << "";
     }
     void floatEditor()
     {
@@ -82,6 +92,26 @@ private slots:
         QTest::keyClick(editor, Qt::Key_Return);
         QTRY_VERIFY(!view.findChild<QDoubleSpinBox *>());
         QCOMPARE(index.data(Qt::EditRole).toDouble(), typed);
+    }
+
+    void rangeLookUps_data()
+    {
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<Range>("voltage");
+        QTest::addColumn<Range>("current");
+        QTest::newRow("CH1") << 0 << Range(-1, 30) << Range(0.01, 5);
+        // Where the option has no range the look-ups give (0, 0) instead of reading past it.
+        QTest::newRow("voltage-only CH2") << 1 << Range(0, 20) << Range(0, 0);
+        QTest::newRow("past the last channel") << 2 << Range(0, 0) << Range(0, 0);
+        QTest::newRow("before the first channel") << -1 << Range(0, 0) << Range(0, 0);
+    }
+    void rangeLookUps()
+    {
+        QFETCH(int, channel);
+        QFETCH(Range, voltage);
+        QFETCH(Range, current);
+        QCOMPARE(getVRangeOfChannel(channel), voltage);
+        QCOMPARE(getCRangeOfChannel(channel), current);
     }
 
     void stateEditor_data()
