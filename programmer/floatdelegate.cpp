@@ -31,9 +31,12 @@ QWidget *FloatDelegate::createEditor(QWidget *parent,
 
     const Helper &helper = Helper::getInstance();
     const int channel = helper.currentChannel;
-    // A channel the current option does not describe has no limits to offer; editing its values
+    // A value whose range the current option does not describe (a channel it does not have, or a
+    // current where the channel lists its voltage range only) has no limits to offer; editing it
     // unbounded would let anything through, so there is no editor.
-    if (column != ListDataModel::ColumnTime && !hasChannelRanges(channel))
+    if (column == ListDataModel::ColumnVoltage && getChannelRange(channel).isEmpty())
+        return nullptr;
+    if (column == ListDataModel::ColumnCurrent && !hasChannelRanges(channel))
         return nullptr;
 
     auto *editor = new QDoubleSpinBox(parent);

@@ -9,8 +9,9 @@ namespace tarn2::specific::orvo5000::programmer {
 
 // FloatDelegate edits columns 1 to 3 of ListDataModel with a frameless, right-aligned spin box
 // bounded by the current channel's voltage or current range, or by the option's time limits, and
-// showing the option's decimals. Without ranges for the current channel it offers no voltage or
-// current editor at all. Other columns get the base delegate's editor.
+// showing the option's decimals. A value whose range the current channel does not have gets no
+// editor: no voltage without a voltage range, no current without a current range. Other columns
+// get the base delegate's editor.
 class TARN2_SPECIFIC_EXPORT FloatDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -1,4 +1,5 @@
 // Tests of the sequence files: the lines written, the checks of loading, and applying a load.
+#include "benchoption.h"
 #include "dialogprogrammer.h"
 
 #include <character.h>
@@ -14,14 +15,51 @@ constexpr qint64 kBudgetMsec = 10000; // the sanitizers slow parsing down tenfol
 constexpr qint64 kBudgetMsec = 1000;
 #endif
 
+// A table row as a failed comparison prints it.
+char *toString(const QStringList &cells)
+{
+    return qstrdup(
+        qPrintable(QLatin1Char('(') + cells.join(QLatin1String(", ")) + QLatin1Char(')')));
+}
+
+namespace {
+
+// What the host does when the dialog asks it to load a file.
+enum class Host {
+    Ignores,      // leaves the empty steps and the tab's values as the dialog handed them over
+    KeepsTheFile, // loads the file and hands back the tab as the load left it
+    Answers,      // loads the file, then hands back its own cycles and end state
+};
+
+// A list file that loads: one step, 5 cycles, end state "Output Off".
+const QByteArrayList loadable{
+    "LIST,10", "Cycles,5", "End Status,Output Off", "Groups,1", "No.", "0,1,1,1"};
+
+// The loadable file with its line `number` (counted from 1) replaced.
+QByteArrayList withLine(int number, const QByteArray &line)
+{
+    QByteArrayList lines = loadable;
+    lines[number - 1] = line;
+    return lines;
+}
+
+// The head of a list file of 1 cycle and end state "Output Off", announcing 3 steps.
+const QByteArrayList listHead{"LIST,10", "Cycles,1", "End Status,Output Off", "Groups,3", "No."};
+
+} // namespace
+
+Q_DECLARE_METATYPE(UploadMode)
+
 class TestDialogFiles : public QObject
 {
     Q_OBJECT
 
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("sequence.csv"));
-    UploadMode mode = UploadMode::List;
-    QString answer; // left in param: "ignore" nothing, "" the tab as loaded, else "<cycles> <end>"
+    UploadMode tab = UploadMode::List;
+    Host host = Host::KeepsTheFile;
+    int hostCycles = 0;
+    QString hostEndState;
     std::unique_ptr<DialogProgrammer> dialog;
 
     bool save(const QList<ListData> &datas) { return dialog->listSaveData(path, datas); }
@@ -30,164 +68,295 @@ class TestDialogFiles : public QObject
     void fill(QList<DelayerData> &datas) { datas = dialog->delayerLoadData(path); }
     template<typename T> T *child(const char *prefix, const char *suffix = "")
     {
-        const QString tab = QLatin1String(mode ? "Delayer" : "List");
-        return dialog->findChild<T *>(QLatin1String(prefix) + tab + QLatin1String(suffix));
+        const QLatin1String name(tab == UploadMode::Delayer ? "Delayer" : "List");
+        return dialog->findChild<T *>(QLatin1String(prefix) + name + QLatin1String(suffix));
+    }
+    const QAbstractItemModel *table() { return child<QTableView>("tv")->model(); }
+
+    void triggerLoad()
+    {
+        dialog
+            ->findChild<QAction *>(tab == UploadMode::Delayer ? "actionLoadDelayer"
+                                                              : "actionloadList")
+            ->trigger();
     }
 
-    // Writes the file, lines parted by '|', and loads it through the load action.
-    void loadFile(const QByteArray &file)
+    // Writes the lines to the file and loads it through the tab's load action.
+    void loadFile(const QByteArrayList &lines)
     {
         QFile out(path);
-        QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-                && out.write(QByteArray(file).replace('|', '\n')) == file.size());
-        dialog->findChild<QAction *>(mode ? "actionLoadDelayer" : "actionloadList")->trigger();
+        QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        const QByteArray bytes = lines.join('\n');
+        QCOMPARE(out.write(bytes), bytes.size());
+        out.close();
+        triggerLoad();
     }
 
-    // The tab: its cells but the step numbers, then cycles and end state.
-    QString outcome()
+    // The load of a file, in time even when the file is large.
+    void loadInTime(const QByteArrayList &lines)
     {
-        const QAbstractItemModel *model = child<QTableView>("tv")->model();
-        const UploadParam param = dialog->getUploadParamFromUI(mode);
-        QString shown;
-        for (int row = 0; row < model->rowCount(); ++row)
-            for (int column = 1; column < model->columnCount(); ++column)
-                shown += model->index(row, column).data(Qt::EditRole).toString() + ' ';
-        return shown + QStringLiteral("/ %1 ").arg(param.cycles) + param.endState;
+        const QDeadlineTimer budget(kBudgetMsec);
+        loadFile(lines);
+        QVERIFY2(!budget.hasExpired(), qPrintable(QString::number(budget.remainingTime())));
     }
 
-private slots:
-    void initTestCase()
+    // A dialog for a supply with room for 3 steps and 1 voltage, 4 current and 3 time decimals,
+    // whose tab of `mode` holds one step, 42 cycles and end state "Output On".
+    void openTab(UploadMode mode)
     {
-        QVERIFY(dir.isValid() && qputenv("XDG_CONFIG_HOME", dir.path().toLocal8Bit()));
-        QLocale::setDefault(QLocale::c());
-    }
-
-    void load_data()
-    {
-        QTest::addColumn<bool>("delayer");
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("reply"); // left in param: see `answer`
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("saved"); // then, and loaded back
-
-        // Each refused file breaks or cuts one line of a file that loads; the tab keeps its values.
-        const QByteArray list = "LIST,10|Cycles,5|End Status,Output Off|Groups,1|No.|0,1,1,1";
-        const QString none;
-        const auto refused = [&](const char *name, int line, const char *text) {
-            QByteArrayList lines = list.split('|').mid(0, text ? 6 : line);
-            if (text)
-                lines[line] = text;
-            QTest::newRow(name) << false << lines.join('|') << none << "/ 42 ON" << none;
-        };
-        refused("version 1.0", 0, "LIST,1.0");
-        refused("lower-case tag", 0, "list,10");
-        refused("cycles 100000", 1, "Cycles,100000");
-        refused("cycles -1", 1, "Cycles,-1");
-        refused("list ends on", 2, "End Status,Output On");
-        refused("groups 0", 3, "Groups,0");
-        refused("groups above maximum", 3, "Groups,4");
-        refused("no groups line", 3, nullptr);
-        QTest::newRow("host ignores") << false << list << "ignore"
-                                      << "/ 42 ON" << none;
-        QTest::newRow("cut at the maximum") << false << list + "|1,2,2,2|2,3,3,3|3,4,4,4" << none
-                                            << "1 1 1 2 2 2 3 3 3 / 5 OFF" << none;
-        // Param wins over the file; what is then saved, with the instrument's decimals, loads back.
-        QTest::newRow("list round trip")
-            << false << QByteArray("LIST,10|Cycles,1|End Status,Last|Groups,1|No.|0,5,1.5,0.25")
-            << "0 OFF"
-            << "5 1.5 0.25 / 0 OFF"
-            << "LIST,10|Cycles,Infinite|End Status,Output Off|Groups,1|"
-               "No.,Voltage(V),Current(A),Time(s)|0,5.0,1.5000,0.250";
-        QTest::newRow("delayer round trip, states case-sensitive")
-            << true
-            << QByteArray("DELAYER,10|Cycles,1|End Status,Last|Groups,3|No.|0,On,1|1,ON,2|3,on,1.5")
-            << "99999 ON"
-            << "true 1 false 2 false 1.5 / 99999 ON"
-            << "DELAYER,10|Cycles,99999|End Status,Output On|Groups,3|No.,State,Time(s)|"
-               "0,On,1.000|1,Off,2.000|2,Off,1.500";
-        QTest::newRow("delayer saved with end state Last")
-            << true << QByteArray("DELAYER,10|Cycles,1|End Status,Output Off|Groups,1|No.|0,Off,2")
-            << "3 LAST"
-            << "false 2 / 3 LAST"
-            << "DELAYER,10|Cycles,3|End Status,Last|Groups,1|No.,State,Time(s)|0,Off,2.000";
-        // Line 5 is never examined: without its column titles the first step stands in for them.
-        QTest::newRow("no column-title line")
-            << false
-            << QByteArray("LIST,10|Cycles,5|End Status,Output Off|Groups,2|0,1,1,1|1,2,2,2") << none
-            << "2 2 2 / 5 OFF" << none;
-        // Files no user should feed in load nothing or at most the maximum, and quickly.
-        const QByteArray head = "LIST,10|Cycles,1|End Status,Output Off|Groups,3|No.|";
-        QVector<quint32> noise(1 << 18);
-        QRandomGenerator(20240229).fillRange(noise.data(), noise.size());
-        const QByteArray wide = "0." + QByteArray(9998, '7');
-        QTest::newRow("random bytes")
-            << false << QByteArray(reinterpret_cast<const char *>(noise.constData()), 1 << 20)
-            << none << "/ 42 ON" << none;
-        QTest::newRow("a million steps")
-            << false << head + QByteArray("0,1.000,0.500,0.010\n").repeated(1000000) << none
-            << "1 0.5 0.01 1 0.5 0.01 1 0.5 0.01 / 1 OFF" << none;
-        QTest::newRow("wide fields") << false << head + wide + ",1,2," + wide + "|1," + wide << none
-                                     << "1 2 0.7777777777777778 / 1 OFF" << none;
-        QTest::newRow("NUL bytes") << false << head + QByteArray("0,1\0,2,3|\0\0\0|1,\0,\0,\0", 20)
-                                   << none << "0 2 3 0 0 0 / 1 OFF" << none;
-    }
-
-    // Loads the row's file into a tab holding a step, 42 cycles and end state "Output On".
-    void load()
-    {
-        QFETCH(bool, delayer);
-        QFETCH(QByteArray, file);
-        QFETCH(QString, reply);
-        QFETCH(QString, shown);
-        QFETCH(QString, saved);
-
-        // Room for 3 steps, with 1 voltage, 4 current and 3 time decimals.
-        Option option{QStringLiteral("Files"), 3, 0.001, 99999, 1, 4, {}, 3, true, true, true};
+        Option option = test::benchOption();
+        option.name = QStringLiteral("Files");
+        option.voltageDecimals = 1;
+        option.currentDecimals = 4;
+        option.maxCount = 3;
+        option.channels.clear(); // the files name no channel
         dialog.reset(new DialogProgrammer(option));
-        mode = UploadMode(delayer);
-        answer = QStringLiteral("42 ON");
+        tab = mode;
         // A host that answers within the emission, as the dialog expects.
-        const auto saving = [&](const auto &datas) {
+        const auto saving = [this](const auto &datas) {
             QVERIFY(save(datas));
         };
-        const auto loading = [&](auto &datas, UploadParam &p) {
-            if (answer == QLatin1String("ignore"))
+        const auto loading = [this](auto &datas, UploadParam &param) {
+            if (host == Host::Ignores)
                 return;
             fill(datas);
-            p = dialog->getUploadParamFromUI(mode);
-            if (!answer.isEmpty()) {
-                p.cycles = answer.section(' ', 0, 0).toInt();
-                p.endState = answer.section(' ', 1);
+            param = dialog->getUploadParamFromUI(tab);
+            if (host == Host::Answers) {
+                param.cycles = hostCycles;
+                param.endState = hostEndState;
             }
         };
         connect(dialog.get(), &DialogProgrammer::listSaveToCSV, saving);
         connect(dialog.get(), &DialogProgrammer::delayerSaveToCSV, saving);
         connect(dialog.get(), &DialogProgrammer::listLoadFromCSV, loading);
         connect(dialog.get(), &DialogProgrammer::delayerLoadFromCSV, loading);
-        loadFile(delayer ? "DELAYER,10|Cycles,1|End Status,Last|Groups,1|No.|0,On,9"
-                         : "LIST,10|Cycles,1|End Status,Last|Groups,1|No.|0,9,9,9");
-        QCOMPARE(child<QTableView>("tv")->model()->rowCount(), 1);
-        answer = reply;
-        const QDeadlineTimer budget(kBudgetMsec);
-        loadFile(file);
-        QVERIFY2(!budget.hasExpired(), qPrintable(QString::number(budget.remainingTime())));
-        QCOMPARE(outcome(), shown);
-        const QAbstractItemModel *model = child<QTableView>("tv")->model();
+        host = Host::Answers;
+        hostCycles = 42;
+        hostEndState = QStringLiteral("ON");
+        if (tab == UploadMode::Delayer)
+            loadFile({"DELAYER,10", "Cycles,1", "End Status,Last", "Groups,1", "No.", "0,On,9"});
+        else
+            loadFile({"LIST,10", "Cycles,1", "End Status,Last", "Groups,1", "No.", "0,9,9,9"});
+        QCOMPARE(table()->rowCount(), 1);
+    }
+
+    // The table's cells but the step numbers, row by row, as their editors would get them.
+    QList<QStringList> shownSteps()
+    {
+        const QAbstractItemModel *model = table();
+        QList<QStringList> shown;
+        for (int row = 0; row < model->rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 1; column < model->columnCount(); ++column)
+                cells << model->index(row, column).data(Qt::EditRole).toString();
+            shown << cells;
+        }
+        return shown;
+    }
+
+    // After every load the step counter follows the table, and the whole table is selected.
+    void verifyCounterAndSelection()
+    {
+        const QAbstractItemModel *model = table();
         QCOMPARE(child<QSpinBox>("sb", "Groups")->value(), model->rowCount());
         QCOMPARE(child<QTableView>("tv")->selectionModel()->selectedIndexes().size(),
                  model->rowCount() * model->columnCount());
-        if (saved.isEmpty())
-            return;
-        if (delayer) // the button of each tab does what its action does
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(dir.isValid());
+        QVERIFY(qputenv("XDG_CONFIG_HOME", dir.path().toLocal8Bit()));
+        QLocale::setDefault(QLocale::c());
+    }
+
+    void refusedFile_data()
+    {
+        QTest::addColumn<QByteArrayList>("lines");
+
+        // Each breaks or cuts one line of the loadable file.
+        QTest::newRow("version 1.0") << withLine(1, "LIST,1.0");
+        QTest::newRow("lower-case tag") << withLine(1, "list,10");
+        QTest::newRow("cycles 100000") << withLine(2, "Cycles,100000");
+        QTest::newRow("cycles -1") << withLine(2, "Cycles,-1");
+        QTest::newRow("list ends on") << withLine(3, "End Status,Output On");
+        QTest::newRow("groups 0") << withLine(4, "Groups,0");
+        QTest::newRow("groups above maximum") << withLine(4, "Groups,4");
+        QTest::newRow("no groups line") << loadable.mid(0, 3);
+        // No user should feed this in; it is refused all the same, and quickly.
+        QVector<quint32> noise(1 << 18);
+        QRandomGenerator(20240229).fillRange(noise.data(), noise.size());
+        QTest::newRow("random bytes") << QByteArrayList{
+            QByteArray(reinterpret_cast<const char *>(noise.constData()), 1 << 20)};
+    }
+
+    // The host loads what it is given: a refused file leaves no steps, and the tab its values.
+    void refusedFile()
+    {
+        QFETCH(QByteArrayList, lines);
+        openTab(UploadMode::List);
+        host = Host::KeepsTheFile;
+        loadInTime(lines);
+        QCOMPARE(shownSteps(), QList<QStringList>());
+        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
+        verifyCounterAndSelection();
+    }
+
+    void hostIgnoringTheLoadEmptiesTheTab()
+    {
+        openTab(UploadMode::List);
+        host = Host::Ignores;
+        loadFile(loadable);
+        QCOMPARE(shownSteps(), QList<QStringList>());
+        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
+        verifyCounterAndSelection();
+    }
+
+    void loadedFile_data()
+    {
+        QTest::addColumn<QByteArrayList>("lines");
+        QTest::addColumn<QList<QStringList>>("steps"); // voltage, current, time
+        QTest::addColumn<int>("cycles");
+        QTest::addColumn<QString>("endState");
+
+        QTest::newRow("cut at the maximum")
+            << loadable + QByteArrayList{"1,2,2,2", "2,3,3,3", "3,4,4,4"}
+            << QList<QStringList>{{"1", "1", "1"}, {"2", "2", "2"}, {"3", "3", "3"}} << 5 << "OFF";
+        // Line 5 is never examined: without its column titles the first step stands in for them.
+        QTest::newRow("no column-title line") << QByteArrayList{"LIST,10",
+                                                                "Cycles,5",
+                                                                "End Status,Output Off",
+                                                                "Groups,2",
+                                                                "0,1,1,1",
+                                                                "1,2,2,2"}
+                                              << QList<QStringList>{{"2", "2", "2"}} << 5 << "OFF";
+        // Files no user should feed in load at most the maximum, and quickly.
+        QTest::newRow("a million steps")
+            << listHead + QVector<QByteArray>(1000000, "0,1.000,0.500,0.010").toList()
+            << QList<QStringList>{{"1", "0.5", "0.01"}, {"1", "0.5", "0.01"}, {"1", "0.5", "0.01"}}
+            << 1 << "OFF";
+        const QByteArray wide = "0." + QByteArray(9998, '7');
+        QTest::newRow("wide fields")
+            << listHead + QByteArrayList{wide + ",1,2," + wide, "1," + wide}
+            << QList<QStringList>{{"1", "2", "0.7777777777777778"}} << 1 << "OFF";
+        QTest::newRow("NUL bytes")
+            << listHead
+                   + QByteArrayList{QByteArray("0,1\0,2,3", 8),
+                                    QByteArray("\0\0\0", 3),
+                                    QByteArray("1,\0,\0,\0", 7)}
+            << QList<QStringList>{{"0", "2", "3"}, {"0", "0", "0"}} << 1 << "OFF";
+    }
+
+    // The host keeps what the file says.
+    void loadedFile()
+    {
+        QFETCH(QByteArrayList, lines);
+        QFETCH(QList<QStringList>, steps);
+        QFETCH(int, cycles);
+        QFETCH(QString, endState);
+        openTab(UploadMode::List);
+        host = Host::KeepsTheFile;
+        loadInTime(lines);
+        QCOMPARE(shownSteps(), steps);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, cycles);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, endState);
+        verifyCounterAndSelection();
+    }
+
+    void roundTrip_data()
+    {
+        QTest::addColumn<UploadMode>("mode");
+        QTest::addColumn<QByteArrayList>("lines");
+        QTest::addColumn<int>("hostCycles");
+        QTest::addColumn<QString>("hostEndState");
+        QTest::addColumn<QList<QStringList>>("steps");
+        QTest::addColumn<QStringList>("saved");
+
+        QTest::newRow("list") << UploadMode::List
+                              << QByteArrayList{"LIST,10",
+                                                "Cycles,1",
+                                                "End Status,Last",
+                                                "Groups,1",
+                                                "No.",
+                                                "0,5,1.5,0.25"}
+                              << 0 << "OFF" << QList<QStringList>{{"5", "1.5", "0.25"}}
+                              << QStringList{"LIST,10",
+                                             "Cycles,Infinite",
+                                             "End Status,Output Off",
+                                             "Groups,1",
+                                             "No.,Voltage(V),Current(A),Time(s)",
+                                             "0,5.0,1.5000,0.250"};
+        QTest::newRow("delayer, states case-sensitive")
+            << UploadMode::Delayer
+            << QByteArrayList{"DELAYER,10",
+                              "Cycles,1",
+                              "End Status,Last",
+                              "Groups,3",
+                              "No.",
+                              "0,On,1",
+                              "1,ON,2",
+                              "3,on,1.5"}
+            << 99999 << "ON" << QList<QStringList>{{"true", "1"}, {"false", "2"}, {"false", "1.5"}}
+            << QStringList{"DELAYER,10",
+                           "Cycles,99999",
+                           "End Status,Output On",
+                           "Groups,3",
+                           "No.,State,Time(s)",
+                           "0,On,1.000",
+                           "1,Off,2.000",
+                           "2,Off,1.500"};
+        QTest::newRow("delayer saved with end state Last")
+            << UploadMode::Delayer
+            << QByteArrayList{"DELAYER,10",
+                              "Cycles,1",
+                              "End Status,Output Off",
+                              "Groups,1",
+                              "No.",
+                              "0,Off,2"}
+            << 3 << "LAST" << QList<QStringList>{{"false", "2"}}
+            << QStringList{"DELAYER,10",
+                           "Cycles,3",
+                           "End Status,Last",
+                           "Groups,1",
+                           "No.,State,Time(s)",
+                           "0,Off,2.000"};
+    }
+
+    // The host's cycles and end state win over the file's; what is then saved, with the
+    // instrument's decimals, loads back with the cycles and end state it was saved with.
+    void roundTrip()
+    {
+        QFETCH(UploadMode, mode);
+        QFETCH(QByteArrayList, lines);
+        QFETCH(int, hostCycles);
+        QFETCH(QString, hostEndState);
+        QFETCH(QList<QStringList>, steps);
+        QFETCH(QStringList, saved);
+        openTab(mode);
+        this->hostCycles = hostCycles;
+        this->hostEndState = hostEndState;
+        loadInTime(lines);
+        QCOMPARE(shownSteps(), steps);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, hostCycles);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, hostEndState);
+        verifyCounterAndSelection();
+
+        if (tab == UploadMode::Delayer) // the button of each tab does what its action does
             child<QPushButton>("btn", "Save")->click();
         else
             dialog->findChild<QAction *>(QStringLiteral("actionSaveList"))->trigger();
-        QCOMPARE(tarn2::util::character::Character::csvLoad(path), saved.split('|'));
+        QCOMPARE(tarn2::util::character::Character::csvLoad(path), saved);
+
         child<QSpinBox>("sb", "Cycles")->setValue(7);
         child<QComboBox>("cbb", "EndState")->setCurrentIndex(-1);
-        answer.clear();
-        loadFile(saved.toUtf8());
-        QCOMPARE(outcome(), shown);
+        host = Host::KeepsTheFile;
+        triggerLoad();
+        QCOMPARE(shownSteps(), steps);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, hostCycles);
+        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, hostEndState);
     }
 };
 

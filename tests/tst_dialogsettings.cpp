@@ -1,4 +1,5 @@
 // Tests of the template settings: what survives a dialog, per instrument, and what damage gives.
+#include "benchoption.h"
 #include "dialogprogrammer.h"
 #include "templatestream.h"
 
@@ -24,10 +25,21 @@ class TestDialogSettings : public QObject
         return text + ")\"";
     }
 
+    // The period editor of the List type the dialog shows.
+    static double shownPeriod(const DialogProgrammer &dialog)
+    {
+        const auto *type = dialog.findChild<QComboBox *>(QStringLiteral("cbbListTempType"));
+        return dialog
+            .findChild<QDoubleSpinBox *>(
+                QStringLiteral("sbListTempPeriod%1").arg(type->currentIndex()))
+            ->value();
+    }
+
 private slots:
     void initTestCase()
     {
-        QVERIFY(configDir.isValid() && qputenv("XDG_CONFIG_HOME", configDir.path().toLocal8Bit()));
+        QVERIFY(configDir.isValid());
+        QVERIFY(qputenv("XDG_CONFIG_HOME", configDir.path().toLocal8Bit()));
         QLocale::setDefault(QLocale::c());
         QVERIFY(QDir().mkpath(QFileInfo(QSettings().fileName()).path()));
     }
@@ -35,7 +47,9 @@ private slots:
     void templates_data()
     {
         QTest::addColumn<QByteArray>("ini"); // the store before the dialog for "Bench" opens
-        QTest::addColumn<QString>("shown");  // the List type with its period, the Delayer type
+        QTest::addColumn<QString>("listType");
+        QTest::addColumn<double>("period"); // of the List type shown
+        QTest::addColumn<QString>("delayerType");
 
         // Ramp with a period of 12.5 s active on the List tab, Increase on the Delayer tab.
         QVector<ListTemplateParam> list;
@@ -54,46 +68,57 @@ private slots:
                    + "\nProgrammer\\Delayer%20Template%20Params="
                    + variant(bytes.mid(4 + 8 * 105), "Delayer");
         };
-        const QString lost = QStringLiteral("Sine 30 Increase"); // the List templates only
-        QTest::newRow("as saved") << ini(variant(listBytes)) << "Ramp 12.5 Increase";
+        QTest::newRow("as saved") << ini(variant(listBytes)) << "Ramp" << 12.5 << "Increase";
         QTest::newRow("another instrument's")
-            << ini(variant(listBytes), 2, "Other") << "Sine 30 Fix Time";
+            << ini(variant(listBytes), 2, "Other") << "Sine" << 30.0 << "Fix Time";
+        // Damage loses the List templates only.
         QTest::newRow("7 list templates")
-            << ini(variant(QByteArray::fromHex("00000007") + listBytes.mid(4, 7 * 105))) << lost;
-        QTest::newRow("list type 9") << ini(variant(listBytes), 9) << lost;
+            << ini(variant(QByteArray::fromHex("00000007") + listBytes.mid(4, 7 * 105))) << "Sine"
+            << 30.0 << "Increase";
+        QTest::newRow("list type 9") << ini(variant(listBytes), 9) << "Sine" << 30.0 << "Increase";
         QTest::newRow("cut in the fifth template")
-            << ini(variant(listBytes.left(4 + 4 * 105 + 50))) << lost;
+            << ini(variant(listBytes.left(4 + 4 * 105 + 50))) << "Sine" << 30.0 << "Increase";
         QTest::newRow("count 0x7fffffff")
-            << ini(variant(QByteArray::fromHex("7fffffff") + listBytes.mid(4))) << lost;
-        QTest::newRow("garbage") << ini("\\0\\xff@@Variant(\\x1\\x2") << lost;
+            << ini(variant(QByteArray::fromHex("7fffffff") + listBytes.mid(4))) << "Sine" << 30.0
+            << "Increase";
+        QTest::newRow("garbage") << ini("\\0\\xff@@Variant(\\x1\\x2") << "Sine" << 30.0
+                                 << "Increase";
     }
 
     // A user then picks Ramp and Increase and retunes Ramp; the next dialog opens on those.
     void templates()
     {
         QFETCH(QByteArray, ini);
-        QFETCH(QString, shown);
+        QFETCH(QString, listType);
+        QFETCH(double, period);
+        QFETCH(QString, delayerType);
 
         QFile file(QSettings().fileName());
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate)
-                && file.write(ini) == ini.size());
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        QCOMPARE(file.write(ini), ini.size());
         file.close();
-        Option option{QStringLiteral("Bench"), 3, 0.001, 99999, 3, 3, {}, 2048, true, true, true};
-        for (const QString &expected : {shown, QStringLiteral("Ramp 12.5 Increase")}) {
+        Option option = test::benchOption();
+        option.name = QStringLiteral("Bench");
+        option.channels.clear(); // no ranges: only template types and periods are looked at
+        {
             DialogProgrammer dialog(option);
             auto *list = dialog.findChild<QComboBox *>(QStringLiteral("cbbListTempType"));
             auto *delayer = dialog.findChild<QComboBox *>(QStringLiteral("cbbDelayerTempType"));
-            const auto *period = dialog.findChild<QDoubleSpinBox *>(
-                QStringLiteral("sbListTempPeriod%1").arg(list->currentIndex()));
-            QCOMPARE(list->currentText() + ' ' + QString::number(period->value()) + ' '
-                         + delayer->currentText(),
-                     expected);
+            QCOMPARE(list->currentText(), listType);
+            QCOMPARE(shownPeriod(dialog), period);
+            QCOMPARE(delayer->currentText(), delayerType);
             list->setCurrentIndex(2);
             delayer->setCurrentIndex(1);
             auto *ramp = dialog.findChild<QDoubleSpinBox *>(QStringLiteral("sbListTempPeriod2"));
             ramp->setValue(12.5);
             emit ramp->editingFinished(); // typed in and left, as a user does
         }
+        DialogProgrammer next(option);
+        QCOMPARE(next.findChild<QComboBox *>(QStringLiteral("cbbListTempType"))->currentText(),
+                 QStringLiteral("Ramp"));
+        QCOMPARE(shownPeriod(next), 12.5);
+        QCOMPARE(next.findChild<QComboBox *>(QStringLiteral("cbbDelayerTempType"))->currentText(),
+                 QStringLiteral("Increase"));
     }
 };
 

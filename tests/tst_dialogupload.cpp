@@ -1,10 +1,166 @@
 // Tests of the upload flow: what a host receives, in which order, and what the dialog shows.
+#include "benchoption.h"
 #include "dialogprogrammer.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
 using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+
+enum DialogState { Unlocked, Locked };
+
+// One signal the host heard, with what the dialog showed at that moment.
+struct Heard
+{
+    QString signal;
+    DialogState dialog = Unlocked;
+    int progress = -1; // the progress bar's value and maximum; -1 while the bar is hidden
+    int progressMaximum = -1;
+};
+
+bool operator==(const Heard &a, const Heard &b)
+{
+    return a.signal == b.signal && a.dialog == b.dialog && a.progress == b.progress
+           && a.progressMaximum == b.progressMaximum;
+}
+
+char *toString(const Heard &heard)
+{
+    QString text = heard.signal + QLatin1String(heard.dialog == Locked ? ", locked" : ", unlocked");
+    if (heard.progress >= 0)
+        text
+            += QStringLiteral(", progress %1 of %2").arg(heard.progress).arg(heard.progressMaximum);
+    return qstrdup(qPrintable(text));
+}
+
+Heard locked(const char *signal, int progress, int progressMaximum)
+{
+    return {QLatin1String(signal), Locked, progress, progressMaximum};
+}
+
+Heard unlocked(const char *signal)
+{
+    return {QLatin1String(signal), Unlocked, -1, -1};
+}
+
+// A list and a delayer sequence of 3 steps each; a test uploads the first steps of one of them
+// while the other tab holds two, so that a mix-up of the two shows.
+const QList<ListData> listSteps{{1.5, 0.25, 0.5}, {32, 3.2, 99999}, {0, 0, 0.001}};
+const QList<DelayerData> delayerSteps{{true, 0.5}, {false, 1.25}, {true, 99999}};
+
+// A dialog for four channels of 32 V and 3.2 A with both tabs loaded, and a host that listens on
+// all nine signals of it and records what it hears.
+struct Bench
+{
+    static Option option(int maxCount)
+    {
+        Option option = test::benchOption();
+        option.name = QStringLiteral("U");
+        option.maxCount = maxCount;
+        option.channels.fill(test::channel(QStringLiteral("CH"), 32, 3.2), 4);
+        return option;
+    }
+
+    Bench(int maxCount, UploadMode mode, int steps)
+        : dialog(option(maxCount))
+        , mode(mode)
+    {
+        const QList<ListData> list = listSteps.mid(0, mode == UploadMode::List ? steps : 2);
+        const QList<DelayerData> delays
+            = delayerSteps.mid(0, mode == UploadMode::Delayer ? steps : 2);
+        using D = DialogProgrammer;
+        QObject::connect(&dialog, &D::listLoadFromCSV, &dialog, [list](QList<ListData> &datas) {
+            datas = list;
+        });
+        QObject::connect(&dialog,
+                         &D::delayerLoadFromCSV,
+                         &dialog,
+                         [delays](QList<DelayerData> &datas) { datas = delays; });
+        QObject::connect(&dialog, &D::listSaveToCSV, &dialog, [this] { hear("listSaveToCSV"); });
+        QObject::connect(
+            &dialog, &D::delayerSaveToCSV, &dialog, [this] { hear("delayerSaveToCSV"); });
+        QObject::connect(&dialog, &D::uploaderStarted, &dialog, [this](const UploadParam &param) {
+            hear("uploaderStarted");
+            started << param;
+        });
+        QObject::connect(
+            &dialog, &D::uploaderNextData, &dialog, [this](int index, const ProgrammerData &data) {
+                hear("uploaderNextData");
+                handedIndexes << index;
+                handedSteps << &data;
+                QList<int> rows;
+                for (const QModelIndex &row : table()->selectionModel()->selectedRows())
+                    rows << row.row();
+                selectedRows << rows;
+            });
+        QObject::connect(
+            &dialog, &D::uploaderFinished, &dialog, [this] { hear("uploaderFinished"); });
+        QObject::connect(&dialog, &D::uploaderError, &dialog, [this](const QString &e) {
+            hear("uploaderError");
+            errors << e;
+        });
+        QObject::connect(&dialog, &D::uploaderStoped, &dialog, [this] { hear("uploaderStoped"); });
+
+        dialog.findChild<QAction *>(QStringLiteral("actionloadList"))->trigger();
+        dialog.findChild<QAction *>(QStringLiteral("actionLoadDelayer"))->trigger();
+        // The tab uploads from channel index 2 with 7 cycles and end-state index 1 (list) or 2
+        // (delayer).
+        child<QComboBox>("cbb", "CH")->setCurrentIndex(2);
+        child<QSpinBox>("sb", "Cycles")->setValue(7);
+        child<QComboBox>("cbb", "EndState")->setCurrentIndex(mode == UploadMode::Delayer ? 2 : 1);
+    }
+
+    template<typename T> T *child(const char *prefix, const char *suffix)
+    {
+        const QLatin1String tab(mode == UploadMode::Delayer ? "Delayer" : "List");
+        return dialog.findChild<T *>(QLatin1String(prefix) + tab + QLatin1String(suffix));
+    }
+    QTableView *table() { return child<QTableView>("tv", ""); }
+
+    // The list goes by its action, the delayer by its button.
+    void upload()
+    {
+        if (mode == UploadMode::Delayer)
+            dialog.findChild<QPushButton *>(QStringLiteral("btnDelayerUpload"))->click();
+        else
+            dialog.findChild<QAction *>(QStringLiteral("actionListUpload"))->trigger();
+    }
+
+    // The step the dialog's own sequence holds at `index`.
+    const ProgrammerData *sequenceStep(int index) const
+    {
+        if (mode == UploadMode::Delayer)
+            return &dialog.delayerSequence().at(index);
+        return &dialog.listSequence().at(index);
+    }
+
+    void hear(const char *signal)
+    {
+        const auto *bar = dialog.findChild<QProgressBar *>();
+        Heard now{QLatin1String(signal), dialog.isEnabled() ? Unlocked : Locked, -1, -1};
+        if (bar->isVisibleTo(&dialog)) {
+            now.progress = bar->value();
+            now.progressMaximum = bar->maximum();
+        }
+        heard << now;
+    }
+
+    DialogProgrammer dialog;
+    const UploadMode mode;
+    QList<Heard> heard;
+    QList<UploadParam> started;
+    QList<int> handedIndexes;
+    QList<const ProgrammerData *> handedSteps;
+    QList<QList<int>> selectedRows;
+    QStringList errors;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(UploadMode)
+Q_DECLARE_METATYPE(Heard)
 
 class TestDialogUpload : public QObject
 {
@@ -15,143 +171,144 @@ class TestDialogUpload : public QObject
 private slots:
     void initTestCase()
     {
-        QVERIFY(configDir.isValid() && qputenv("XDG_CONFIG_HOME", configDir.path().toLocal8Bit()));
+        QVERIFY(configDir.isValid());
+        QVERIFY(qputenv("XDG_CONFIG_HOME", configDir.path().toLocal8Bit()));
         QLocale::setDefault(QLocale::c());
     }
 
     void run_data()
     {
         QTest::addColumn<int>("maxCount");
-        QTest::addColumn<bool>("delayer");
+        QTest::addColumn<UploadMode>("mode");
         QTest::addColumn<int>("steps");
-        QTest::addColumn<QString>("expected"); // what the host saw, events parted by '|'
+        QTest::addColumn<bool>("hostWaitsForTimeOut"); // instead of stopping when finished
+        QTest::addColumn<QList<Heard>>("heard");
+        QTest::addColumn<int>("announced"); // the step count uploaderStarted carries
+        QTest::addColumn<QString>("endState");
+        QTest::addColumn<QList<int>>("handedOut");
 
-        // Each tab is set to channel index 2, 7 cycles and end-state index 1 (list) or 2 (delayer).
-        const QString list
-            = "started 0 ch 3 max 3 cycles 7 ON, locked 0 of 3|"
-              "next 0: 1.5 V 0.25 A 0.5 s, rows 0, locked 1 of 3|"
-              "next 1: 32 V 3.2 A 99999 s, rows 1, locked 2 of 3|"
-              "next 2: 0 V 0 A 0.001 s, rows 2, locked 3 of 3|finished, locked 3 of 3|";
-        QTest::newRow("list") << 2048 << false << 3 << list + "stoped, free";
+        const QList<Heard> listRun{locked("uploaderStarted", 0, 3),
+                                   locked("uploaderNextData", 1, 3),
+                                   locked("uploaderNextData", 2, 3),
+                                   locked("uploaderNextData", 3, 3),
+                                   locked("uploaderFinished", 3, 3)};
+        QTest::newRow("list") << 2048 << UploadMode::List << 3 << false
+                              << listRun + QList<Heard>{unlocked("uploaderStoped")} << 3 << "ON"
+                              << QList<int>{0, 1, 2};
         QTest::newRow("delayer of 3, instrument holds 2")
-            << 2 << true << 3
-            << "started 1 ch 3 max 2 cycles 7 LAST, locked 0 of 2|"
-               "next 0: On 0.5 s, rows 0, locked 1 of 2|next 1: Off 1.25 s, rows 1, locked 2 of 2|"
-               "finished, locked 2 of 2|stoped, free";
+            << 2 << UploadMode::Delayer << 3 << false
+            << QList<Heard>{locked("uploaderStarted", 0, 2),
+                            locked("uploaderNextData", 1, 2),
+                            locked("uploaderNextData", 2, 2),
+                            locked("uploaderFinished", 2, 2),
+                            unlocked("uploaderStoped")}
+            << 2 << "LAST" << QList<int>{0, 1};
         QTest::newRow("host ignores finished")
-            << 2048 << false << 3
-            << list + "error The upload timed out, locked 3 of 3|stoped, free";
+            << 2048 << UploadMode::List << 3 << true
+            << listRun + QList<Heard>{locked("uploaderError", 3, 3), unlocked("uploaderStoped")}
+            << 3 << "ON" << QList<int>{0, 1, 2};
         // The uploader never runs with nothing to send; stopping still ends the run and unlocks.
         QTest::newRow("instrument holds none")
-            << 0 << false << 2 << "started 0 ch 3 max 0 cycles 7 ON, locked 0 of 0|stoped, free";
-        QTest::newRow("empty list")
-            << 2048 << false << 0 << "The list data is empty, color:#ff0000";
-        QTest::newRow("empty delayer")
-            << 2048 << true << 0 << "The delayer data is empty, color:#ff0000";
+            << 0 << UploadMode::List << 2 << false
+            << QList<Heard>{locked("uploaderStarted", 0, 0), unlocked("uploaderStoped")} << 0
+            << "ON" << QList<int>{};
     }
 
     void run()
     {
         QFETCH(int, maxCount);
-        QFETCH(bool, delayer);
+        QFETCH(UploadMode, mode);
         QFETCH(int, steps);
-        QFETCH(QString, expected);
+        QFETCH(bool, hostWaitsForTimeOut);
+        QFETCH(QList<Heard>, heard);
+        QFETCH(int, announced);
+        QFETCH(QString, endState);
+        QFETCH(QList<int>, handedOut);
+        Bench bench(maxCount, mode, steps);
+        // Calls outside a run reach nothing.
+        bench.dialog.uploaderNext();
+        bench.dialog.uploaderStop();
 
-        // The other tab's sequence is never empty, so that a mix-up of the two shows.
-        QList<ListData> list{{1.5, 0.25, 0.5}, {32, 3.2, 99999}, {0, 0, 0.001}, {}, {}};
-        QList<DelayerData> delays{{true, 0.5}, {false, 1.25}, {true, 99999}};
-        list = list.mid(0, delayer ? 2 : steps);
-        delays = delays.mid(0, delayer ? steps : 2);
-        QStringList log;
-        Option option{QStringLiteral("U"), 3, 0.001, 99999, 3, 3, {}, maxCount, true, true, true};
-        option.channels.fill({QStringLiteral("CH"), {{0, 32}, {0, 3.2}}}, 4);
-        DialogProgrammer dialog(option);
-        const QString tab = QLatin1String(delayer ? "Delayer" : "List");
-        const auto *bar = dialog.findChild<QProgressBar *>();
-        const auto *view = dialog.findChild<QTableView *>("tv" + tab);
-        // A host on all nine signals: it loads the sequences, logs the rest and the dialog state.
-        const auto record = [&](const QString &event) {
-            QString shown = event + QLatin1String(dialog.isEnabled() ? ", free" : ", locked");
-            if (bar->isVisibleTo(&dialog))
-                shown += QString::asprintf(" %d of %d", bar->value(), bar->maximum());
-            log << shown;
-        };
-        using D = DialogProgrammer;
-        connect(&dialog, &D::listLoadFromCSV, [&](QList<ListData> &datas) { datas = list; });
-        connect(&dialog, &D::delayerLoadFromCSV, [&](QList<DelayerData> &d) { d = delays; });
-        connect(&dialog, &D::listSaveToCSV, [&] { record(QStringLiteral("list save")); });
-        connect(&dialog, &D::delayerSaveToCSV, [&] { record(QStringLiteral("delayer save")); });
-        connect(&dialog, &D::uploaderStarted, [&](const UploadParam &p) {
-            auto head = QString::asprintf("started %d ch %d max %d", p.mode, p.channel, p.maxCount);
-            record(head + QStringLiteral(" cycles %1 ").arg(p.cycles) + p.endState);
-        });
-        connect(&dialog, &D::uploaderNextData, [&](int i, const ProgrammerData &data) {
-            const auto *s = dynamic_cast<const ListData *>(&data);
-            const auto *d = dynamic_cast<const DelayerData *>(&data);
-            QString rows;
-            for (const QModelIndex &index : view->selectionModel()->selectedRows())
-                rows += QString::number(index.row());
-            record(QString::asprintf("next %d: ", i)
-                   + (s ? QString::asprintf("%g V %g A %g s", s->voltage, s->current, s->time)
-                        : QString::asprintf("%s %g s", d->state ? "On" : "Off", d->time))
-                   + ", rows " + rows);
-        });
-        connect(&dialog, &D::uploaderFinished, [&] { record(QStringLiteral("finished")); });
-        connect(&dialog, &D::uploaderError, [&](const QString &e) { record("error " + e); });
-        connect(&dialog, &D::uploaderStoped, [&] { record(QStringLiteral("stoped")); });
-
-        dialog.findChild<QAction *>(QStringLiteral("actionloadList"))->trigger();
-        dialog.findChild<QAction *>(QStringLiteral("actionLoadDelayer"))->trigger();
-        dialog.findChild<QComboBox *>("cbb" + tab + "CH")->setCurrentIndex(2);
-        dialog.findChild<QSpinBox *>("sb" + tab + "Cycles")->setValue(7);
-        dialog.findChild<QComboBox *>("cbb" + tab + "EndState")->setCurrentIndex(delayer ? 2 : 1);
-        const auto *status = dialog.findChild<QStatusBar *>();
-        // Calls outside a run reach nothing; the list goes by action, the delayer by button.
-        dialog.uploaderNext();
-        dialog.uploaderStop();
-        if (delayer)
-            dialog.findChild<QPushButton *>(QStringLiteral("btnDelayerUpload"))->click();
-        else
-            dialog.findChild<QAction *>(QStringLiteral("actionListUpload"))->trigger();
+        bench.upload();
         for (int i = 0; i <= qMin(steps, maxCount); ++i) // and one asking past the last step
-            dialog.uploaderNext();
-        if (expected.contains(QLatin1String("error"))) // a host that does not stop in time
-            QTRY_VERIFY_WITH_TIMEOUT(log.last().startsWith(QLatin1String("error")), 1500);
-        dialog.uploaderStop();
-        dialog.uploaderNext();
-        dialog.uploaderStop();
-        QTest::qWait(700); // a run that is over reports nothing later
-        if (!status->currentMessage().isEmpty())
-            log << status->currentMessage() + ", " + status->styleSheet();
-        QCOMPARE(log.join('|'), expected);
+            bench.dialog.uploaderNext();
+        if (hostWaitsForTimeOut)
+            QTRY_COMPARE_WITH_TIMEOUT(bench.errors.size(), 1, 1500);
+        bench.dialog.uploaderStop();
+        bench.dialog.uploaderNext();
+        bench.dialog.uploaderStop();
+        QTest::qWait(700); // past the watchdog's 500 ms: a run that is over reports nothing later
+
+        QCOMPARE(bench.heard, heard);
+        QCOMPARE(bench.started.size(), 1);
+        QCOMPARE(bench.started.at(0).mode, mode);
+        QCOMPARE(bench.started.at(0).channel, 3);
+        QCOMPARE(bench.started.at(0).maxCount, announced);
+        QCOMPARE(bench.started.at(0).cycles, 7);
+        QCOMPARE(bench.started.at(0).endState, endState);
+        QCOMPARE(bench.handedIndexes, handedOut);
+        for (const int i : handedOut) {
+            // Each step handed out is the sequence's own, shown as the one selected row.
+            QCOMPARE(bench.handedSteps.at(i), bench.sequenceStep(i));
+            QCOMPARE(bench.selectedRows.at(i), QList<int>{i});
+            if (mode == UploadMode::List) {
+                const auto *step = dynamic_cast<const ListData *>(bench.handedSteps.at(i));
+                QVERIFY(step);
+                QCOMPARE(step->voltage, listSteps.at(i).voltage);
+                QCOMPARE(step->current, listSteps.at(i).current);
+                QCOMPARE(step->time, listSteps.at(i).time);
+            } else {
+                const auto *step = dynamic_cast<const DelayerData *>(bench.handedSteps.at(i));
+                QVERIFY(step);
+                QCOMPARE(step->state, delayerSteps.at(i).state);
+                QCOMPARE(step->time, delayerSteps.at(i).time);
+            }
+        }
+        QCOMPARE(bench.errors,
+                 hostWaitsForTimeOut ? QStringList{"The upload timed out"} : QStringList());
+        QCOMPARE(bench.dialog.findChild<QStatusBar *>()->currentMessage(), QString());
+    }
+
+    void emptySequenceIsRefused_data()
+    {
+        QTest::addColumn<UploadMode>("mode");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("list") << UploadMode::List << "The list data is empty";
+        QTest::newRow("delayer") << UploadMode::Delayer << "The delayer data is empty";
+    }
+
+    // The host hears nothing; the user reads why in red.
+    void emptySequenceIsRefused()
+    {
+        QFETCH(UploadMode, mode);
+        QFETCH(QString, message);
+        Bench bench(2048, mode, 0);
+        bench.upload();
+        bench.dialog.uploaderNext();
+        bench.dialog.uploaderStop();
+        QCOMPARE(bench.heard, QList<Heard>());
+        QVERIFY(bench.dialog.isEnabled());
+        const auto *status = bench.dialog.findChild<QStatusBar *>();
+        QCOMPARE(status->currentMessage(), message);
+        QCOMPARE(status->styleSheet(), QStringLiteral("color:#ff0000"));
     }
 
     // A second request while a run is out is turned away: the run keeps its uploader and its
     // place, and the host hears of one start only.
     void uploadAgainDuringARunIsIgnored()
     {
-        Option option{QStringLiteral("U"), 3, 0.001, 99999, 3, 3, {}, 2048, true, true, true};
-        option.channels.fill({QStringLiteral("CH"), {{0, 32}, {0, 3.2}}}, 4);
-        DialogProgrammer dialog(option);
-        const QList<ListData> steps{{1, 1, 1}, {2, 1, 1}, {3, 1, 1}};
-        connect(&dialog, &DialogProgrammer::listLoadFromCSV, [&](QList<ListData> &datas) {
-            datas = steps;
-        });
-        dialog.findChild<QAction *>(QStringLiteral("actionloadList"))->trigger();
-        QSignalSpy started(&dialog, &DialogProgrammer::uploaderStarted);
-        QSignalSpy next(&dialog, &DialogProgrammer::uploaderNextData);
-        auto *upload = dialog.findChild<QAction *>(QStringLiteral("actionListUpload"));
+        Bench bench(2048, UploadMode::List, 3);
+        auto *upload = bench.dialog.findChild<QAction *>(QStringLiteral("actionListUpload"));
 
         upload->trigger();
-        dialog.uploaderNext();
+        bench.dialog.uploaderNext();
         upload->trigger();
-        dialog.uploaderStart(UploadMode::Delayer);
-        dialog.uploaderNext();
-        QCOMPARE(started.size(), 1);
-        QCOMPARE(next.size(), 2);
-        QCOMPARE(next.at(1).at(0).toInt(), 1);
-        dialog.uploaderStop();
-        QVERIFY(dialog.isEnabled());
+        bench.dialog.uploaderStart(UploadMode::Delayer);
+        bench.dialog.uploaderNext();
+        QCOMPARE(bench.started.size(), 1);
+        QCOMPARE(bench.handedIndexes, (QList<int>{0, 1}));
+        bench.dialog.uploaderStop();
+        QVERIFY(bench.dialog.isEnabled());
     }
 };
 

@@ -2,7 +2,10 @@
 #include "templateparam.h"
 #include "templatestream.h"
 
+#include <QtEndian>
 #include <QtTest>
+
+#include <cstring>
 
 using namespace tarn2::specific::orvo5000::programmer;
 using ListParams = QVector<ListTemplateParam>;
@@ -25,6 +28,43 @@ template<typename T> static int load(const QByteArray &bytes, QVector<T> &params
     return stream.status();
 }
 
+// The fields that are doubles, in stream order.
+double ListTemplateParam::*const listDoubles[] = {&ListTemplateParam::voltage,
+                                                  &ListTemplateParam::current,
+                                                  &ListTemplateParam::voltageMin,
+                                                  &ListTemplateParam::voltageMax,
+                                                  &ListTemplateParam::currentMin,
+                                                  &ListTemplateParam::currentMax,
+                                                  &ListTemplateParam::period,
+                                                  &ListTemplateParam::interval,
+                                                  &ListTemplateParam::width};
+double DelayerTemplateParam::*const delayerDoubles[] = {&DelayerTemplateParam::onTime,
+                                                        &DelayerTemplateParam::offTime,
+                                                        &DelayerTemplateParam::incBaseValue,
+                                                        &DelayerTemplateParam::incStep,
+                                                        &DelayerTemplateParam::decBaseValue,
+                                                        &DelayerTemplateParam::decStep};
+
+// The bits of a double in hexadecimal, most significant byte first, as an 8-byte double is
+// streamed.
+static QByteArray bits(double value)
+{
+    quint64 word = 0;
+    std::memcpy(&word, &value, sizeof word);
+    word = qToBigEndian(word);
+    return QByteArray(reinterpret_cast<const char *>(&word), sizeof word).toHex();
+}
+
+// The bits of every double field of a template, in stream order.
+template<typename T, std::size_t N>
+static QByteArrayList doubleBits(const T &param, double T::*const (&fields)[N])
+{
+    QByteArrayList all;
+    for (double T::*field : fields)
+        all << bits(param.*field);
+    return all;
+}
+
 class TestTemplateStream : public QObject
 {
     Q_OBJECT
@@ -33,6 +73,11 @@ private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void registeredNames();
     void roundTrip();
+    void doublesComeBackBitExactly_data();
+    void doublesComeBackBitExactly();
+    void readStopsAtTheVectorsEnd_data();
+    void readStopsAtTheVectorsEnd();
+    void singlePrecisionStream();
     void damagedStreams_data();
     void damagedStreams();
     void readTransaction();
@@ -85,6 +130,98 @@ void TestTemplateStream::roundTrip()
     QCOMPARE(loadedDelayers, delayers);
 }
 
+void TestTemplateStream::doublesComeBackBitExactly_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QByteArray>("streamed"); // the 8 bytes the stream holds for it, in hex
+    QTest::newRow("0.1") << 0.1 << QByteArray("3fb999999999999a");
+    QTest::newRow("1/3") << 1.0 / 3 << QByteArray("3fd5555555555555");
+    QTest::newRow("12345.678901") << 12345.678901 << QByteArray("40c81cd6e63a5c1c");
+}
+
+// Every double field is written and read in double precision: no value is rounded on the way.
+void TestTemplateStream::doublesComeBackBitExactly()
+{
+    QFETCH(double, value);
+    QFETCH(QByteArray, streamed);
+    ListParams lists(2);
+    for (ListTemplateParam &param : lists) {
+        for (double ListTemplateParam::*field : listDoubles)
+            param.*field = value;
+    }
+    DelayerParams delayers(2);
+    for (DelayerTemplateParam &param : delayers) {
+        for (double DelayerTemplateParam::*field : delayerDoubles)
+            param.*field = value;
+    }
+    const QByteArray listBytes = save(lists);
+    const QByteArray delayerBytes = save(delayers);
+    // The second element's voltage, after the count, the first element, type and object.
+    QCOMPARE(listBytes.mid(4 + 105 + 8, 8).toHex(), streamed);
+    // The second element's on-time, after the count, the first element, type, pattern and groups.
+    QCOMPARE(delayerBytes.mid(4 + 60 + 12, 8).toHex(), streamed);
+
+    ListParams loadedLists;
+    DelayerParams loadedDelayers;
+    QCOMPARE(load(listBytes, loadedLists), QDataStream::Ok);
+    QCOMPARE(load(delayerBytes, loadedDelayers), QDataStream::Ok);
+    QCOMPARE(loadedLists.size(), 2);
+    QCOMPARE(loadedDelayers.size(), 2);
+    const QByteArrayList everyListDouble = QVector<QByteArray>(9, streamed).toList();
+    const QByteArrayList everyDelayerDouble = QVector<QByteArray>(6, streamed).toList();
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(doubleBits(loadedLists.at(i), listDoubles), everyListDouble);
+        QCOMPARE(doubleBits(loadedDelayers.at(i), delayerDoubles), everyDelayerDouble);
+    }
+}
+
+void TestTemplateStream::readStopsAtTheVectorsEnd_data()
+{
+    QTest::addColumn<bool>("delayer");
+    QTest::addColumn<qint64>("vectorBytes");
+    QTest::newRow("list") << false << qint64(4 + 3 * 105);
+    QTest::newRow("delayer") << true << qint64(4 + 3 * 60);
+}
+
+// A read takes the vector's bytes and no more: what follows in the stream is still there.
+void TestTemplateStream::readStopsAtTheVectorsEnd()
+{
+    QFETCH(bool, delayer);
+    QFETCH(qint64, vectorBytes);
+    const auto verify = [&](const auto &params) {
+        QDataStream stream(save(params) + QByteArray::fromHex("5a5a5a5a"));
+        std::decay_t<decltype(params)> loaded;
+        stream >> loaded;
+        QCOMPARE(stream.status(), QDataStream::Ok);
+        QCOMPARE(loaded, params);
+        QCOMPARE(stream.device()->pos(), vectorBytes);
+        qint32 following = 0;
+        stream >> following;
+        QCOMPARE(following, 0x5a5a5a5a);
+        QVERIFY(stream.atEnd());
+    };
+    delayer ? verify(DelayerParams(3)) : verify(ListParams(3));
+}
+
+// A stream the caller set to single precision holds each double in 4 bytes and reads back what
+// it wrote; the check of the count against the bytes left counts 4 bytes too.
+void TestTemplateStream::singlePrecisionStream()
+{
+    ListParams lists;
+    resetListTemplateParams(lists); // the defaults need no more than single precision
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    out << lists;
+    QCOMPARE(bytes.size(), 4 + 8 * (8 * 4 + 9 * 4 + 1));
+    QDataStream in(bytes);
+    in.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    ListParams loaded;
+    in >> loaded;
+    QCOMPARE(in.status(), QDataStream::Ok);
+    QCOMPARE(loaded, lists);
+}
+
 void TestTemplateStream::damagedStreams_data()
 {
     QTest::addColumn<bool>("delayer");
@@ -99,6 +236,13 @@ void TestTemplateStream::damagedStreams_data()
         << false << lists.left(4 + 4 * 105 + 50) << pastEnd;
     QTest::newRow("list, over-claiming count") << false << overclaim << pastEnd;
     QTest::newRow("delayer, over-claiming count") << true << overclaim << pastEnd;
+    // One element short of the count: refused before room is made for the count. With this many
+    // elements, an estimate of the bytes an element takes that is short by a single byte lets
+    // the count pass.
+    QTest::newRow("list, 201 claimed, 200 there")
+        << false << QByteArray::fromHex("000000c9") + save(ListParams(200)).mid(4) << pastEnd;
+    QTest::newRow("delayer, 201 claimed, 200 there")
+        << true << QByteArray::fromHex("000000c9") + save(DelayerParams(200)).mid(4) << pastEnd;
     QTest::newRow("negative count") << false << QByteArray::fromHex("ffffffff") + lists.mid(4)
                                     << int(QDataStream::ReadCorruptData);
 }

@@ -14,36 +14,99 @@ using U = ProgrammerUploader;
 
 namespace {
 
+enum class Kind { List, Delayer };
+enum Call { Start, Next, Stop };
+
+// One signal of an uploader as its handler saw it.
+struct Event
+{
+    enum Signal { Started, NextData, Finished, Error, Stoped };
+    Signal signal = Started;
+    int number = -1;              // started: the step count; nextData: the step index
+    bool theListsElement = false; // nextData: the very element of the caller's list, not a copy
+    QString text;                 // error: the message
+};
+
+bool operator==(const Event &a, const Event &b)
+{
+    return a.signal == b.signal && a.number == b.number && a.theListsElement == b.theListsElement
+           && a.text == b.text;
+}
+
+char *toString(const Event &event)
+{
+    switch (event.signal) {
+    case Event::Started:
+        return qstrdup(qPrintable(QStringLiteral("started(%1)").arg(event.number)));
+    case Event::NextData:
+        return qstrdup(
+            qPrintable(QStringLiteral("nextData(%1)%2")
+                           .arg(event.number)
+                           .arg(event.theListsElement ? QString() : QStringLiteral(" of a copy"))));
+    case Event::Finished:
+        return qstrdup("finished");
+    case Event::Error:
+        return qstrdup(qPrintable(QStringLiteral("error(%1)").arg(event.text)));
+    case Event::Stoped:
+        return qstrdup("stoped");
+    }
+    return nullptr;
+}
+
+Event started(int count)
+{
+    return {Event::Started, count, false, {}};
+}
+Event nextData(int index)
+{
+    return {Event::NextData, index, true, {}};
+}
+Event finished()
+{
+    return {Event::Finished, -1, false, {}};
+}
+Event error(const QString &text)
+{
+    return {Event::Error, -1, false, text};
+}
+Event timedOut()
+{
+    return error(QStringLiteral("The upload timed out"));
+}
+Event stoped()
+{
+    return {Event::Stoped, -1, false, {}};
+}
+
 template<class Step> const ProgrammerData *at(const QList<Step> &steps, int i)
 {
     return i >= 0 && i < steps.size() ? &steps.at(i) : nullptr;
 }
 
 // One uploader over step lists kept outside it, as the dialog keeps them, with every signal
-// written into one log so that the order across signals shows.
+// recorded in one list so that the order across signals shows.
 struct Run
 {
-    explicit Run(bool delayer)
+    Run(Kind kind, int size)
     {
-        Helper::getInstance().option.maxCount = 9;
-        if (delayer)
+        Helper::getInstance().option.maxCount = 9; // room for every step a test here has
+        resize(size);
+        if (kind == Kind::Delayer)
             uploader = std::make_unique<DelayerUploader>(delayerSteps, nullptr);
         else
             uploader = std::make_unique<ListUploader>(listSteps, nullptr);
         U *u = uploader.get();
-        QObject::connect(
-            u, &U::started, u, [this](int n) { log << QStringLiteral("started(%1)").arg(n); });
-        QObject::connect(u, &U::nextData, u, [this, delayer](int i, const ProgrammerData &data) {
-            // The handler must get the very element of the caller's list, not a copy.
-            const ProgrammerData *step = delayer ? at(delayerSteps, i) : at(listSteps, i);
-            log << QStringLiteral("nextData(%1)").arg(i)
-                       + QLatin1String(&data == step ? "" : " copy");
+        QObject::connect(u, &U::started, u, [this](int n) { events << started(n); });
+        QObject::connect(u, &U::nextData, u, [this, kind](int i, const ProgrammerData &data) {
+            const ProgrammerData *step
+                = kind == Kind::Delayer ? at(delayerSteps, i) : at(listSteps, i);
+            Event seen = nextData(i);
+            seen.theListsElement = &data == step;
+            events << seen;
         });
-        QObject::connect(u, &U::finished, u, [this] { log << QStringLiteral("finished"); });
-        QObject::connect(u, &U::error, u, [this](const QString &e) {
-            log << QStringLiteral("error(%1)").arg(e);
-        });
-        QObject::connect(u, &U::stoped, u, [this] { log << QStringLiteral("stoped"); });
+        QObject::connect(u, &U::finished, u, [this] { events << finished(); });
+        QObject::connect(u, &U::error, u, [this](const QString &e) { events << error(e); });
+        QObject::connect(u, &U::stoped, u, [this] { events << stoped(); });
     }
 
     void resize(int size)
@@ -52,31 +115,39 @@ struct Run
         delayerSteps = QVector<DelayerData>(size).toList();
     }
 
-    // Plays calls such as "size=4 max=2 start next stop"; "size=N" rebuilds the lists with N steps.
-    QString play(const QString &calls)
+    void call(Call call)
     {
-        for (const QString &call : calls.split(QLatin1Char(' '))) {
-            if (call == QLatin1String("start"))
-                uploader->start();
-            else if (call == QLatin1String("next"))
-                uploader->next();
-            else if (call == QLatin1String("stop"))
-                uploader->stop();
-            else if (call.startsWith(QLatin1String("max=")))
-                Helper::getInstance().option.maxCount = call.mid(4).toInt();
-            else
-                resize(call.mid(5).toInt());
+        switch (call) {
+        case Start:
+            uploader->start();
+            break;
+        case Next:
+            uploader->next();
+            break;
+        case Stop:
+            uploader->stop();
+            break;
         }
-        return log.join(QLatin1Char(' '));
     }
 
     QList<ListData> listSteps;
     QList<DelayerData> delayerSteps;
-    QStringList log;
+    QList<Event> events;
     std::unique_ptr<U> uploader; // declared last: destroyed before the lists it reads
 };
 
+void addKindRows()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::newRow("list") << Kind::List;
+    QTest::newRow("delayer") << Kind::Delayer;
+}
+
 } // namespace
+
+Q_DECLARE_METATYPE(Kind)
+Q_DECLARE_METATYPE(Call)
+Q_DECLARE_METATYPE(Event)
 
 class TestUploaders : public QObject
 {
@@ -87,13 +158,15 @@ private slots:
     void metaTypeNames();
     void walk_data();
     void walk();
+    void listShrunkBelowTheIndexFinishes_data() { addKindRows(); }
+    void listShrunkBelowTheIndexFinishes();
     void watchdogReportsTimeOut();
     void stopFromInsideNextDataLeavesNoWatchdog();
 };
 
 void TestUploaders::metaTypeNames()
 {
-    const Run list(false), delayer(true); // the constructors register the names
+    const Run list(Kind::List, 0), delayer(Kind::Delayer, 0); // the constructors register the names
     for (const char *type : {"ProgrammerData", "ListData", "DelayerData"}) {
         const QByteArray name = QByteArray("tarn2::specific::orvo5000::programmer::") + type;
         QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name.constData());
@@ -104,46 +177,90 @@ void TestUploaders::metaTypeNames()
 
 void TestUploaders::walk_data()
 {
-    QTest::addColumn<bool>("delayer");
-    QTest::addColumn<QString>("calls");
-    QTest::addColumn<QString>("events");
-    const auto add = [](const char *name, const char *calls, const char *events) {
-        for (const bool delayer : {false, true}) {
-            QTest::addRow("%s: %s", delayer ? "delayer" : "list", name)
-                << delayer << QString::fromLatin1(calls) << QString::fromLatin1(events);
-        }
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<int>("size");
+    QTest::addColumn<int>("maxCount");
+    QTest::addColumn<QList<Call>>("calls");
+    QTest::addColumn<QList<Event>>("events");
+    const auto add = [](const char *name,
+                        int size,
+                        int maxCount,
+                        const QList<Call> &calls,
+                        const QList<Event> &events) {
+        QTest::addRow("list: %s", name) << Kind::List << size << maxCount << calls << events;
+        QTest::addRow("delayer: %s", name) << Kind::Delayer << size << maxCount << calls << events;
     };
-    // clang-format off
-    add("maxCount cuts the list", "size=5 max=2 start next next next stop",
-        "started(2) nextData(0) nextData(1) finished stoped");
-    add("finished until stopped", "size=1 start next next next stop stop next",
-        "started(1) nextData(0) finished finished stoped");
-    add("empty list", "size=0 start next stop", "started(0)");
-    add("negative maxCount", "size=3 max=-5 start next stop", "started(0)");
-    add("next and stop while idle", "size=3 next stop start next stop", "started(3) nextData(0) stoped");
-    add("start ignored until stop", "size=2 start next start next next start next stop start next stop",
-        "started(2) nextData(0) nextData(1) finished finished stoped started(2) nextData(0) stoped");
-    add("list shrinks below the index", "size=4 start next next next size=2 next stop",
-        "started(4) nextData(0) nextData(1) nextData(2) finished stoped");
-    // clang-format on
+    add("maxCount cuts the list",
+        5,
+        2,
+        {Start, Next, Next, Next, Stop},
+        {started(2), nextData(0), nextData(1), finished(), stoped()});
+    add("finished until stopped",
+        1,
+        9,
+        {Start, Next, Next, Next, Stop, Stop, Next},
+        {started(1), nextData(0), finished(), finished(), stoped()});
+    add("empty list", 0, 9, {Start, Next, Stop}, {started(0)});
+    add("negative maxCount", 3, -5, {Start, Next, Stop}, {started(0)});
+    add("next and stop while idle",
+        3,
+        9,
+        {Next, Stop, Start, Next, Stop},
+        {started(3), nextData(0), stoped()});
+    add("start ignored until stop",
+        2,
+        9,
+        {Start, Next, Start, Next, Next, Start, Next, Stop, Start, Next, Stop},
+        {started(2),
+         nextData(0),
+         nextData(1),
+         finished(),
+         finished(),
+         stoped(),
+         started(2),
+         nextData(0),
+         stoped()});
 }
 
 void TestUploaders::walk()
 {
-    QFETCH(bool, delayer);
-    QFETCH(QString, calls);
-    QFETCH(QString, events);
-    QCOMPARE(Run(delayer).play(calls), events);
+    QFETCH(Kind, kind);
+    QFETCH(int, size);
+    QFETCH(int, maxCount);
+    QFETCH(QList<Call>, calls);
+    QFETCH(QList<Event>, events);
+    Run run(kind, size);
+    Helper::getInstance().option.maxCount = maxCount;
+    for (const Call call : calls)
+        run.call(call);
+    QCOMPARE(run.events, events);
+}
+
+void TestUploaders::listShrunkBelowTheIndexFinishes()
+{
+    QFETCH(Kind, kind);
+    Run run(kind, 4);
+    run.uploader->start();
+    run.uploader->next();
+    run.uploader->next();
+    run.uploader->next();
+    run.resize(2);
+    run.uploader->next();
+    run.uploader->stop();
+    QCOMPARE(
+        run.events,
+        (QList<Event>{started(4), nextData(0), nextData(1), nextData(2), finished(), stoped()}));
 }
 
 void TestUploaders::watchdogReportsTimeOut()
 {
-    Run run(false);
+    Run run(Kind::List, 3);
     QSignalSpy errorSpy(run.uploader.get(), &U::error);
     QVERIFY(errorSpy.isValid());
     QElapsedTimer clock;
     clock.start();
-    run.play(QStringLiteral("size=3 start next"));
+    run.uploader->start();
+    run.uploader->next();
     QVERIFY(errorSpy.wait(5000));
     QVERIFY2(clock.elapsed() >= 490, QByteArray::number(clock.elapsed()).constData());
     QCOMPARE(errorSpy.count(), 1);
@@ -151,26 +268,25 @@ void TestUploaders::watchdogReportsTimeOut()
 
     // The time-out only reports: the run goes on where it was, and stop() disarms the watchdog.
     QVERIFY(run.uploader->isRunning());
-    const QString events = run.play(QStringLiteral("next stop"));
-    QTest::qWait(700);
-    QCOMPARE(errorSpy.count(), 1);
-    QCOMPARE(
-        events,
-        QStringLiteral("started(3) nextData(0) error(The upload timed out) nextData(1) stoped"));
+    run.uploader->next();
+    run.uploader->stop();
+    QVERIFY(!errorSpy.wait(700)); // past the 500 ms a step may take
+    QCOMPARE(run.events,
+             (QList<Event>{started(3), nextData(0), timedOut(), nextData(1), stoped()}));
 }
 
 void TestUploaders::stopFromInsideNextDataLeavesNoWatchdog()
 {
-    Run run(false);
-    run.resize(3);
+    Run run(Kind::List, 3);
     QObject::connect(
         run.uploader.get(), &U::nextData, run.uploader.get(), [&run] { run.uploader->stop(); });
     QSignalSpy errorSpy(run.uploader.get(), &U::error);
+    QVERIFY(errorSpy.isValid());
     run.uploader->start();
     run.uploader->next();
     QVERIFY(!run.uploader->isRunning());
     QVERIFY(!errorSpy.wait(700)); // past the 500 ms a step may take
-    QCOMPARE(run.log.join(QLatin1Char(' ')), QStringLiteral("started(3) nextData(0) stoped"));
+    QCOMPARE(run.events, (QList<Event>{started(3), nextData(0), stoped()}));
 }
 
 QTEST_GUILESS_MAIN(TestUploaders)
