@@ -286,133 +286,57 @@ private slots:
     {
         QTest::addColumn<QString>("className");
         QTest::addColumn<QStringList>("names");
-        QTest::newRow("actions") << "QAction"
-                                 << QStringList{"actionSaveList",
-                                                "actionloadList",
-                                                "actionSaveDelayer",
-                                                "actionLoadDelayer",
-                                                "actionListUpload",
-                                                "actionDelayerUpload"};
+        // The names as a host looks them up, several to a line.
+        // clang-format off
+        QTest::newRow("actions") << "QAction" << QStringList{
+            "actionSaveList", "actionloadList", "actionSaveDelayer", "actionLoadDelayer",
+            "actionListUpload", "actionDelayerUpload"};
         QTest::newRow("layout") << "QGridLayout" << QStringList{"gridLayout_30"};
         QTest::newRow("tabs") << "QTabWidget" << QStringList{"tabWidget"};
-        QTest::newRow("pages") << "QWidget"
-                               << QStringList{"tabList",     "tabDelayer",  "page0",
-                                              "page1",       "page2",       "page3",
-                                              "page4",       "page5",       "page6",
-                                              "page7",       "pageFixTime", "pageIncrease",
-                                              "pageDecline", "widget_4",    "widget_5",
-                                              "widget_6",    "widget_7",    "widget_8",
-                                              "widget_9",    "widget_10",   "widget_11"};
-        QTest::newRow("group boxes")
-            << "QGroupBox"
-            << QStringList{
-                   "groupBox", "groupBox_2", "gbBasic", "groupBox_4", "groupBox_3", "gbBasic_2"};
-        QTest::newRow("labels") << "QLabel"
-                                << QStringList{"lblListTempOtherValue",
-                                               "lblListTempMax",
-                                               "label_10",
-                                               "lblListTempMin",
-                                               "label_8",
-                                               "lblListTempIndex_10",
-                                               "lblListTempIndex_6",
-                                               "lblListTempIndex_9",
-                                               "label_3",
-                                               "lblListTempIndex_11",
-                                               "label_6",
-                                               "lblListTempIndex_12",
-                                               "label_11",
-                                               "lblListTempIndex_13",
-                                               "lblListTempIndex_2",
-                                               "lblListTempIndex_14",
-                                               "lblListTempIndex_3",
-                                               "label",
-                                               "label_7",
-                                               "label_4",
-                                               "label_2",
-                                               "label_9",
-                                               "label_29",
-                                               "label_20",
-                                               "label_14",
-                                               "label_15",
-                                               "label_16",
-                                               "label_17"};
-        QTest::newRow("decimal editors") << "QDoubleSpinBox"
-                                         << QStringList{"sbListTempOtherValue",
-                                                        "sbListTempMax",
-                                                        "sbListTempMin",
-                                                        "sbListTempInterval0",
-                                                        "sbListTempPeriod0",
-                                                        "sbListTempPeriod1",
-                                                        "sbListTempWidth1",
-                                                        "sbListTempPeriod2",
-                                                        "sbListTempInterval2",
-                                                        "sbListTempPeriod3",
-                                                        "sbListTempPeriod4",
-                                                        "sbListTempPeriod5",
-                                                        "sbListTempInterval6",
-                                                        "sbListTempInterval7",
-                                                        "sbDelayerTempOnTime",
-                                                        "sbDelayerTempOffTime",
-                                                        "sbDelayerTempIncBaseValue",
-                                                        "sbDelayerTempIncStep",
-                                                        "sbDelayerTempDecBaseValue",
-                                                        "sbDelayerTempDecStep"};
-        QTest::newRow("whole-number editors") << "QSpinBox"
-                                              << QStringList{"sbListTempCycles0",
-                                                             "sbListTempPulseCount1",
-                                                             "sbListTempSymmetry2",
-                                                             "sbListTempSteps3",
-                                                             "sbListTempSteps4",
-                                                             "sbListTempSteps5",
-                                                             "sbListTempExpGroups6",
-                                                             "sbListTempExpRate6",
-                                                             "sbListTempExpGroups7",
-                                                             "sbListTempExpRate7",
-                                                             "sbListCycles",
-                                                             "sbListGroups",
-                                                             "sbDelayerTemplageGroups",
-                                                             "sbDelayerCycles",
-                                                             "sbDelayerGroups"};
-        QTest::newRow("combo boxes") << "QComboBox"
-                                     << QStringList{"cbbListTempType",
-                                                    "cbbListTempObject",
-                                                    "cbbListCH",
-                                                    "cbbListEndState",
-                                                    "cbbDelayerTempPattern",
-                                                    "cbbDelayerTempType",
-                                                    "cbbDelayerCH",
-                                                    "cbbDelayerEndState"};
-        QTest::newRow("buttons") << "QPushButton"
-                                 << QStringList{"btnReset",
-                                                "btnResetAll",
-                                                "btnListTemplateInsert",
-                                                "btnListTemplateAppend",
-                                                "btnListLoad",
-                                                "btnListSave",
-                                                "btnListUpload",
-                                                "btnDelayerTemplateInsert",
-                                                "btnDelayerTemplateAppend",
-                                                "btnDelayerLoad",
-                                                "btnDelayerSave",
-                                                "btnDelayerUpload"};
-        QTest::newRow("check boxes")
-            << "QCheckBox"
-            << QStringList{"cbListTempInverted0", "cbListTempInverted1", "cbListTempInverted2"};
+        QTest::newRow("pages") << "QWidget" << QStringList{
+            "tabList", "tabDelayer", "page0", "page1", "page2", "page3", "page4", "page5",
+            "page6", "page7", "pageFixTime", "pageIncrease", "pageDecline", "widget_4",
+            "widget_5", "widget_6", "widget_7", "widget_8", "widget_9", "widget_10", "widget_11"};
+        QTest::newRow("group boxes") << "QGroupBox" << QStringList{
+            "groupBox", "groupBox_2", "gbBasic", "groupBox_4", "groupBox_3", "gbBasic_2"};
+        QTest::newRow("labels") << "QLabel" << QStringList{
+            "lblListTempOtherValue", "lblListTempMax", "label_10", "lblListTempMin", "label_8",
+            "lblListTempIndex_10", "lblListTempIndex_6", "lblListTempIndex_9", "label_3",
+            "lblListTempIndex_11", "label_6", "lblListTempIndex_12", "label_11",
+            "lblListTempIndex_13", "lblListTempIndex_2", "lblListTempIndex_14",
+            "lblListTempIndex_3", "label", "label_7", "label_4", "label_2", "label_9", "label_29",
+            "label_20", "label_14", "label_15", "label_16", "label_17"};
+        QTest::newRow("decimal editors") << "QDoubleSpinBox" << QStringList{
+            "sbListTempOtherValue", "sbListTempMax", "sbListTempMin", "sbListTempInterval0",
+            "sbListTempPeriod0", "sbListTempPeriod1", "sbListTempWidth1", "sbListTempPeriod2",
+            "sbListTempInterval2", "sbListTempPeriod3", "sbListTempPeriod4", "sbListTempPeriod5",
+            "sbListTempInterval6", "sbListTempInterval7", "sbDelayerTempOnTime",
+            "sbDelayerTempOffTime", "sbDelayerTempIncBaseValue", "sbDelayerTempIncStep",
+            "sbDelayerTempDecBaseValue", "sbDelayerTempDecStep"};
+        QTest::newRow("whole-number editors") << "QSpinBox" << QStringList{
+            "sbListTempCycles0", "sbListTempPulseCount1", "sbListTempSymmetry2", "sbListTempSteps3",
+            "sbListTempSteps4", "sbListTempSteps5", "sbListTempExpGroups6", "sbListTempExpRate6",
+            "sbListTempExpGroups7", "sbListTempExpRate7", "sbListCycles", "sbListGroups",
+            "sbDelayerTemplageGroups", "sbDelayerCycles", "sbDelayerGroups"};
+        QTest::newRow("combo boxes") << "QComboBox" << QStringList{
+            "cbbListTempType", "cbbListTempObject", "cbbListCH", "cbbListEndState",
+            "cbbDelayerTempPattern", "cbbDelayerTempType", "cbbDelayerCH", "cbbDelayerEndState"};
+        QTest::newRow("buttons") << "QPushButton" << QStringList{
+            "btnReset", "btnResetAll", "btnListTemplateInsert", "btnListTemplateAppend",
+            "btnListLoad", "btnListSave", "btnListUpload", "btnDelayerTemplateInsert",
+            "btnDelayerTemplateAppend", "btnDelayerLoad", "btnDelayerSave", "btnDelayerUpload"};
+        QTest::newRow("check boxes") << "QCheckBox" << QStringList{
+            "cbListTempInverted0", "cbListTempInverted1", "cbListTempInverted2"};
         QTest::newRow("stacks") << "QStackedWidget" << QStringList{"stackedWidget", "stacWgt"};
-        QTest::newRow("splitters")
-            << "QSplitter" << QStringList{"splitter", "splitter_3", "splitter_2", "splitter_4"};
-        QTest::newRow("tables") << "QTableView"
-                                << QStringList{"tvListTemplate",
-                                               "tvList",
-                                               "tvDelayerTemplate",
-                                               "tvDelayer"};
-        QTest::newRow("toolbars") << "QToolBar"
-                                  << QStringList{"toolbarListData", "toolbarDelayerData"};
-        QTest::newRow("plots") << "QCustomPlot"
-                               << QStringList{"plotListTemplate",
-                                              "plotList",
-                                              "plotDelayerTemplate",
-                                              "plotDelayer"};
+        QTest::newRow("splitters") << "QSplitter" << QStringList{
+            "splitter", "splitter_3", "splitter_2", "splitter_4"};
+        QTest::newRow("tables") << "QTableView" << QStringList{
+            "tvListTemplate", "tvList", "tvDelayerTemplate", "tvDelayer"};
+        QTest::newRow("toolbars") << "QToolBar" << QStringList{
+            "toolbarListData", "toolbarDelayerData"};
+        QTest::newRow("plots") << "QCustomPlot" << QStringList{
+            "plotListTemplate", "plotList", "plotDelayerTemplate", "plotDelayer"};
+        // clang-format on
     }
     // A host finds each of the dialog's objects by its name, once, of the class it expects.
     void widgetTree()
@@ -431,23 +355,15 @@ private slots:
     void timeEditorsOfferAMillisecondToAnHour_data()
     {
         QTest::addColumn<QString>("editor");
-        for (const char *name : {"sbListTempInterval0",
-                                 "sbListTempPeriod0",
-                                 "sbListTempPeriod1",
-                                 "sbListTempWidth1",
-                                 "sbListTempPeriod2",
-                                 "sbListTempInterval2",
-                                 "sbListTempPeriod3",
-                                 "sbListTempPeriod4",
-                                 "sbListTempPeriod5",
-                                 "sbListTempInterval6",
-                                 "sbListTempInterval7",
-                                 "sbDelayerTempOnTime",
-                                 "sbDelayerTempOffTime",
-                                 "sbDelayerTempIncBaseValue",
-                                 "sbDelayerTempIncStep",
-                                 "sbDelayerTempDecBaseValue",
-                                 "sbDelayerTempDecStep"})
+        // clang-format off
+        for (const char *name : {
+                 "sbListTempInterval0", "sbListTempPeriod0", "sbListTempPeriod1",
+                 "sbListTempWidth1", "sbListTempPeriod2", "sbListTempInterval2",
+                 "sbListTempPeriod3", "sbListTempPeriod4", "sbListTempPeriod5",
+                 "sbListTempInterval6", "sbListTempInterval7", "sbDelayerTempOnTime",
+                 "sbDelayerTempOffTime", "sbDelayerTempIncBaseValue", "sbDelayerTempIncStep",
+                 "sbDelayerTempDecBaseValue", "sbDelayerTempDecStep"})
+            // clang-format on
             QTest::newRow(name) << QString::fromLatin1(name);
     }
     // A time editor with fewer decimals than the instrument's would round its 1 ms minimum off.
@@ -470,7 +386,7 @@ private slots:
         QTest::addColumn<double>("value");
         QTest::newRow("sine period") << "sbListTempPeriod0" << 0.001 << 3600.0 << "s" << 30.0;
         QTest::newRow("exponent rate") << "sbListTempExpRate6" << 0.0 << 10.0 << "" << 5.0;
-        QTest::newRow("triangle symmetry") << "sbListTempSymmetry2" << 0.0 << 100.0 << "%" << 50.0;
+        QTest::newRow("ramp symmetry") << "sbListTempSymmetry2" << 0.0 << 100.0 << "%" << 50.0;
     }
     void numberEditorsOffer()
     {
