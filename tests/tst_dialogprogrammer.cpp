@@ -256,6 +256,13 @@ class TestDialogProgrammer : public QObject
         return found;
     }
     void openDialog() { dialog = std::make_unique<DialogProgrammer>(benchOption(), nullptr); }
+    // For the tests that run the same on both tabs: the tab of the data row being run.
+    Tab openOnTheRowsTab()
+    {
+        QFETCH(int, mode);
+        openDialog();
+        return tabOf(UploadMode(mode));
+    }
     void pickListTemplate(int type) { w<QComboBox>("cbbListTempType")->setCurrentIndex(type); }
     void enter(const QString &editor, double value)
     {
@@ -622,9 +629,7 @@ private slots:
     void contextMenuOnEmptyTableAppendsAStep_data() { addTabRows(); }
     void contextMenuOnEmptyTableAppendsAStep()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         const ContextMenu menu = rightClick(table, QStringLiteral("Append"));
         QVERIFY(menu.opened);
@@ -639,9 +644,7 @@ private slots:
     void contextMenuInsertsBeforeTheCurrentRow_data() { addTabRows(); }
     void contextMenuInsertsBeforeTheCurrentRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 5);
         makeCurrent(table, 2);
@@ -655,9 +658,7 @@ private slots:
     void contextMenuAppendsAfterTheLastRow_data() { addTabRows(); }
     void contextMenuAppendsAfterTheLastRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 5);
         makeCurrent(table, 2);
@@ -673,9 +674,7 @@ private slots:
     void contextMenuDeletesRowsWithSelectedCells_data() { addTabRows(); }
     void contextMenuDeletesRowsWithSelectedCells()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 5);
         makeCurrent(table, 0);
@@ -692,9 +691,7 @@ private slots:
     void contextMenuDeletesNothingUnselected_data() { addTabRows(); }
     void contextMenuDeletesNothingUnselected()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 5);
         makeCurrent(table, 2);
@@ -706,9 +703,7 @@ private slots:
     void contextMenuClearsEveryStep_data() { addTabRows(); }
     void contextMenuClearsEveryStep()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 5);
         makeCurrent(table, 1);
@@ -725,9 +720,7 @@ private slots:
     void contextMenuClearsWithoutACurrentRow_data() { addTabRows(); }
     void contextMenuClearsWithoutACurrentRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         addTimedSteps(table, 3);
         const ContextMenu menu = rightClick(table, QStringLiteral("Clear"));
@@ -739,9 +732,7 @@ private slots:
     void previewInsertedBeforeTheCurrentRow_data() { addTabRows(); }
     void previewInsertedBeforeTheCurrentRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         enter(tab.previewLength, 30);
         addTimedSteps(table, 10);
@@ -764,9 +755,7 @@ private slots:
     void previewInsertedAtTheEndWithoutACurrentRow_data() { addTabRows(); }
     void previewInsertedAtTheEndWithoutACurrentRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         enter(tab.previewLength, 3);
         addTimedSteps(table, 2);
@@ -781,9 +770,7 @@ private slots:
     void previewAppendedAfterTheLastRow_data() { addTabRows(); }
     void previewAppendedAfterTheLastRow()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
-        openDialog();
+        const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
         enter(tab.previewLength, 3);
         addTimedSteps(table, 2);
@@ -801,10 +788,8 @@ private slots:
     void stepCounterMarksTooManySteps_data() { addTabRows(); }
     void stepCounterMarksTooManySteps()
     {
-        QFETCH(int, mode);
-        const Tab tab = tabOf(UploadMode(mode));
+        const Tab tab = openOnTheRowsTab();
         const QString red = QStringLiteral("background-color:#ff0000");
-        openDialog();
         auto *table = w<QTableView>(tab.table);
         auto *counter = w<QSpinBox>(tab.stepCounter);
         enter(tab.previewLength, 512);
