@@ -31,21 +31,26 @@ QList<QTranslator *> installTranslators(const QLocale &locale)
 {
     registerHostCatalogues();
     QList<QTranslator *> installed;
+    const auto install
+        = [&](const QLocale &language, const QString &name, const QString &directory) {
+              auto *translator = new QTranslator(QCoreApplication::instance());
+              if (translator->load(language, name, QStringLiteral("_"), directory)
+                  && QCoreApplication::installTranslator(translator)) {
+                  installed.append(translator);
+              } else {
+                  delete translator;
+              }
+          };
+    // The translator installed last is asked first, so a language's own catalogue, complete as
+    // it is, always answers before the English plurals.
+    install(QLocale(QLocale::English), QStringLiteral("tarn_bench_host"), kCatalogues);
     if (locale.language() == QLocale::English || locale.language() == QLocale::C)
         return installed;
 
-    const auto install = [&](const QString &name, const QString &directory) {
-        auto *translator = new QTranslator(QCoreApplication::instance());
-        if (translator->load(locale, name, QStringLiteral("_"), directory)
-            && QCoreApplication::installTranslator(translator)) {
-            installed.append(translator);
-        } else {
-            delete translator;
-        }
-    };
-    install(QStringLiteral("tarn2_specific"), kCatalogues);
-    install(QStringLiteral("tarn_bench_host"), kCatalogues);
-    install(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    install(locale, QStringLiteral("tarn2_specific"), kCatalogues);
+    install(locale, QStringLiteral("tarn_bench_host"), kCatalogues);
+    install(
+        locale, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     return installed;
 }
 

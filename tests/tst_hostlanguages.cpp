@@ -6,16 +6,19 @@
 #include <session/commandset.h>
 #include <session/instrumentoption.h>
 #include <window/mainwindow.h>
+#include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>
 
 #include "scriptedprompter.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -112,7 +115,9 @@ private slots:
     void initTestCase();
     void languageChangesTheShownTexts_data();
     void languageChangesTheShownTexts();
-    void englishAndUnknownLanguagesInstallNoCatalogue();
+    void englishAndUnknownLanguagesInstallOnlyTheEnglishSingulars();
+    void countedTextsAgreeWithTheirCount_data();
+    void countedTextsAgreeWithTheirCount();
     void savedFileIsTheSameUnderEveryLanguage_data();
     void savedFileIsTheSameUnderEveryLanguage();
     void fileLoadsTheSameUnderAnotherLanguage_data();
@@ -181,12 +186,62 @@ void TestHostLanguages::languageChangesTheShownTexts()
     QCOMPARE(window.windowTitle(), windowTitle);
 }
 
-void TestHostLanguages::englishAndUnknownLanguagesInstallNoCatalogue()
+void TestHostLanguages::englishAndUnknownLanguagesInstallOnlyTheEnglishSingulars()
 {
-    QCOMPARE(Language(QStringLiteral("en")).count(), 0);
-    QCOMPARE(Language(QStringLiteral("fr")).count(), 0);
-    QVERIFY(Language(QStringLiteral("de")).count() >= 2);
-    QVERIFY(Language(QStringLiteral("zh_CN")).count() >= 2);
+    QCOMPARE(Language(QStringLiteral("en")).count(), 1);
+    QCOMPARE(Language(QStringLiteral("fr")).count(), 1);
+    QVERIFY(Language(QStringLiteral("de")).count() >= 3);
+    QVERIFY(Language(QStringLiteral("zh_CN")).count() >= 3);
+}
+
+void TestHostLanguages::countedTextsAgreeWithTheirCount_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("oneRow");
+    QTest::addColumn<QString>("undoOne");
+    QTest::addColumn<QString>("twoRows");
+    QTest::addColumn<QString>("undoTwo");
+    QTest::newRow("English") << "en"
+                             << "Pasted 1 step"
+                             << "&Undo Add 1 step"
+                             << "Pasted 2 steps"
+                             << "&Undo Add 2 steps";
+    // A language without a catalogue shows the English texts, singulars included.
+    QTest::newRow("French") << "fr"
+                            << "Pasted 1 step"
+                            << "&Undo Add 1 step"
+                            << "Pasted 2 steps"
+                            << "&Undo Add 2 steps";
+    QTest::newRow("German") << "de"
+                            << "1 Schritt eingefügt"
+                            << "&Rückgängig: 1 Schritt hinzufügen"
+                            << "2 Schritte eingefügt"
+                            << "&Rückgängig: 2 Schritte hinzufügen";
+}
+
+// Pastes one row and then two, and reads the status line and the Undo entry after each.
+void TestHostLanguages::countedTextsAgreeWithTheirCount()
+{
+    QFETCH(QString, language);
+    QFETCH(QString, oneRow);
+    QFETCH(QString, undoOne);
+    QFETCH(QString, twoRows);
+    QFETCH(QString, undoTwo);
+
+    const Language installed(language);
+    MainWindow window(tarn::sim::InstrumentDescription::builtIn(), CommandSet());
+    SequenceEditor *editor = window.sequenceEditor();
+    auto *status = window.dialog()->findChild<QStatusBar *>();
+
+    QApplication::clipboard()->setText(QStringLiteral("1.5\t0.5\t1\n"));
+    editor->pasteRows();
+    QCOMPARE(status->currentMessage(), oneRow);
+    QCOMPARE(editor->undoAction()->text(), undoOne);
+
+    QApplication::clipboard()->setText(QStringLiteral("2\t1\t1\n3\t1\t1\n"));
+    editor->pasteRows();
+    QCOMPARE(status->currentMessage(), twoRows);
+    QCOMPARE(editor->undoAction()->text(), undoTwo);
 }
 
 // Saves the tab's default preview, appended twice, with 7 cycles and the end state "On", and
