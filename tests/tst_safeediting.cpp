@@ -18,6 +18,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
@@ -73,6 +75,7 @@ private slots:
     void durationShowsRepeatsAndEndless();
     void preflightRefusesBadStepAndSelectsIt();
     void minimumSizeKeepsEverythingVisible();
+    void shortWindowScrollsTheDialogRatherThanSqueezingIt();
 
 private:
     void append(UploadMode mode);
@@ -534,6 +537,22 @@ void TestSafeEditing::minimumSizeKeepsEverythingVisible()
     QVERIFY(m_window->minimumWidth() >= m_dialog->minimumSizeHint().width());
     QVERIFY(m_window->width() >= m_window->minimumSizeHint().width());
     QVERIFY(m_window->height() >= m_window->minimumSizeHint().height());
+}
+
+// With the run view open on a short screen, the editors keep their height and the dialog scrolls.
+void TestSafeEditing::shortWindowScrollsTheDialogRatherThanSqueezingIt()
+{
+    m_window->resize(1280, 600);
+    m_window->show();
+    m_window->showRunView();
+    QTRY_VERIFY(m_dialog->isVisible());
+    auto *editors = m_dialog->findChild<QWidget *>(QStringLiteral("groupBox"));
+    QVERIFY(editors);
+    QTRY_VERIFY(m_dialog->height() >= m_dialog->minimumHeight());
+    QVERIFY(editors->height() >= editors->minimumSizeHint().height());
+    auto *scroll = m_window->findChild<QScrollArea *>(QStringLiteral("dialogScrollArea"));
+    QVERIFY(scroll);
+    QVERIFY(scroll->verticalScrollBar()->isVisible());
 }
 
 QTEST_MAIN(TestSafeEditing)

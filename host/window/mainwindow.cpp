@@ -20,6 +20,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
@@ -52,7 +54,19 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     // The dialog lives inside the window, not beside it.
     m_dialog->setWindowFlags(Qt::Widget);
     m_dialog->installEventFilter(this);
-    setCentralWidget(m_dialog);
+    // The dialog's splitters would let its editors and tables be squeezed to slivers when the run
+    // view takes the lower half of a short screen; below the height it needs, it scrolls instead.
+    // Its width stays whole, as the window's minimum width keeps it.
+    auto *scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("dialogScrollArea"));
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_dialog->setMinimumHeight(m_dialog->sizeHint().height());
+    scroll->setWidget(m_dialog);
+    scroll->setMinimumWidth(m_dialog->minimumSizeHint().width()
+                            + scroll->verticalScrollBar()->sizeHint().width());
+    setCentralWidget(scroll);
     m_files = new SequenceFiles(m_dialog, description);
 
     m_trafficDock->setObjectName(QStringLiteral("trafficDock"));

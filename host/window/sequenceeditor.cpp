@@ -203,14 +203,15 @@ void SequenceEditor::addDurationLabels()
             = m_dialog->findChild<QSpinBox *>(name(mode, "sbListGroups", "sbDelayerGroups"));
         auto *label = new QLabel(counter->parentWidget());
         label->setObjectName(name(mode, "listDuration", "delayerDuration"));
-        // Translated totals run longer than the counter's columns are wide.
+        // Under the counter, across the whole row: translated totals run longer than the
+        // counter's own columns are wide. Words wrap only where even the row is too narrow.
         label->setWordWrap(true);
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         label->setToolTip(tr("How long the sequence runs on the instrument, repeats included"));
         if (auto *grid = qobject_cast<QGridLayout *>(counter->parentWidget()->layout())) {
             int row = 0, column = 0, rowSpan = 0, columnSpan = 0;
             grid->getItemPosition(grid->indexOf(counter), &row, &column, &rowSpan, &columnSpan);
-            grid->addWidget(label, row + 1, column - 1, 1, columnSpan + 1);
+            grid->addWidget(label, row + 1, 0, 1, grid->columnCount());
         }
         (mode == UploadMode::List ? m_listDuration : m_delayerDuration) = label;
     }
