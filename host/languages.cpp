@@ -47,7 +47,7 @@ QList<QTranslator *> installTranslators(const QLocale &locale)
     if (locale.language() == QLocale::English || locale.language() == QLocale::C)
         return installed;
 
-    install(locale, QStringLiteral("tarn2_specific"), kCatalogues);
+    install(locale, QStringLiteral("tarn_programmer"), kCatalogues);
     install(locale, QStringLiteral("tarn_bench_host"), kCatalogues);
     install(
         locale, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
