@@ -7,8 +7,6 @@
 #include <links/simlink.h>
 #include <session/runsession.h>
 #include <supplyengine.h>
-#include <templateparam.h>
-#include <templatestream.h>
 
 #include <QRandomGenerator>
 #include <QTcpServer>
@@ -52,7 +50,6 @@ private slots:
     void replyThatNeverEndsIsCut();
     void randomListFilesComeBackExactly();
     void randomDelayerFilesComeBackExactly();
-    void randomTemplateVectorsSurviveTheSettingsForm();
     void randomSequencesUploadAndReadBackExactly();
 
 private:
@@ -257,68 +254,6 @@ void TestHostFaults::randomDelayerFilesComeBackExactly()
             QCOMPARE(back.at(i).state, steps.at(i).state);
             QCOMPARE(back.at(i).time, steps.at(i).time);
         }
-    }
-}
-
-void TestHostFaults::randomTemplateVectorsSurviveTheSettingsForm()
-{
-    QRandomGenerator random(42);
-    auto anyDouble = [&random] {
-        return (random.generateDouble() - 0.5) * std::pow(10.0, random.bounded(-6, 7));
-    };
-    auto anyInt = [&random] {
-        return static_cast<int>(random.generate());
-    };
-    for (int round = 0; round < 50; ++round) {
-        QVector<ListTemplateParam> list(1 + random.bounded(8));
-        for (ListTemplateParam &p : list) {
-            p.type = static_cast<ListTemplateType>(random.bounded(8));
-            p.object = random.bounded(2);
-            p.voltage = anyDouble();
-            p.current = anyDouble();
-            p.voltageMin = anyDouble();
-            p.voltageMax = anyDouble();
-            p.currentMin = anyDouble();
-            p.currentMax = anyDouble();
-            p.period = anyDouble();
-            p.interval = anyDouble();
-            p.cycles = anyInt();
-            p.inverted = random.bounded(2) == 1;
-            p.width = anyDouble();
-            p.pulseCount = anyInt();
-            p.symmetry = anyInt();
-            p.steps = anyInt();
-            p.expRate = anyInt();
-            p.expGroups = anyInt();
-        }
-        QVector<DelayerTemplateParam> delayer(1 + random.bounded(3));
-        for (DelayerTemplateParam &p : delayer) {
-            p.type = static_cast<DelayerTemplateType>(random.bounded(3));
-            p.pattern = anyInt();
-            p.groups = anyInt();
-            p.onTime = anyDouble();
-            p.offTime = anyDouble();
-            p.incBaseValue = anyDouble();
-            p.incStep = anyDouble();
-            p.decBaseValue = anyDouble();
-            p.decStep = anyDouble();
-        }
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << list << delayer;
-        }
-        QVector<ListTemplateParam> listBack;
-        QVector<DelayerTemplateParam> delayerBack;
-        QDataStream in(bytes);
-        in >> listBack >> delayerBack;
-        QCOMPARE(in.status(), QDataStream::Ok);
-        QCOMPARE(listBack.size(), list.size());
-        QCOMPARE(delayerBack.size(), delayer.size());
-        QByteArray again;
-        QDataStream out(&again, QIODevice::WriteOnly);
-        out << listBack << delayerBack;
-        QCOMPARE(again.toHex(), bytes.toHex());
     }
 }
 

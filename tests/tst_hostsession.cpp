@@ -19,7 +19,6 @@ private slots:
     void counts_data();
     void counts();
     void identityIsShownPrintable();
-    void defaultWordsAreOurCommandSet();
     void dialectReplacesWords();
     void badDialectsAreRefused_data();
     void badDialectsAreRefused();
@@ -126,16 +125,6 @@ void TestHostSession::identityIsShownPrintable()
              QStringLiteral("Tarn,Model\ufffd,1,2"));
     QCOMPARE(reply::parseIdentity(QByteArray(1000, 'A'))->size(), 200);
     QVERIFY(!reply::parseIdentity("  ").has_value());
-}
-
-void TestHostSession::defaultWordsAreOurCommandSet()
-{
-    const CommandSet commands;
-    QCOMPARE(commands.line("listStep", {"3", "1.5", "0.5", "0.1"}),
-             QByteArray("LIST:STEP 3,1.5,0.5,0.1"));
-    QCOMPARE(commands.line("delayerStep", {"1", "ON", "2"}), QByteArray("DEL:STEP 1,ON,2"));
-    QCOMPARE(commands.line("selectChannel", {"5"}), QByteArray("INST:NSEL 5"));
-    QCOMPARE(commands.line("nextError"), QByteArray("SYST:ERR?"));
 }
 
 void TestHostSession::dialectReplacesWords()
