@@ -3,6 +3,7 @@
 
 #include "supplyengine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -37,12 +38,31 @@ QByteArray endStateWord(EndState state)
     return "OFF";
 }
 
+// The value MIN, MAX or DEF (in their short or long forms) stands for, if the word is one of them.
+std::optional<double> boundWord(const QByteArray &argument, const CommandInterpreter::Bounds &b)
+{
+    const QByteArray word = argument.toUpper();
+    if (word == "MIN" || word == "MINIMUM")
+        return b.min;
+    if (word == "MAX" || word == "MAXIMUM")
+        return b.max;
+    if (word == "DEF" || word == "DEFAULT")
+        return b.def;
+    return std::nullopt;
+}
+
+QByteArray fixed(double value, int decimals)
+{
+    return QByteArray::number(value, 'f', decimals);
+}
+
 } // namespace
 
 CommandInterpreter::CommandInterpreter(SupplyEngine *engine)
     : m_engine(engine)
 {
     addCommon();
+    addStatus();
     addChannel();
     addSequence(static_cast<int>(SequenceMode::List));
     addSequence(static_cast<int>(SequenceMode::Delayer));
@@ -64,7 +84,9 @@ std::optional<QByteArray> CommandInterpreter::execute(const QByteArray &line)
 {
     std::optional<QByteArray> reply;
     for (const QByteArray &command : scpi::splitMessage(line)) {
+        m_replyWaiting = reply.has_value();
         const std::optional<QByteArray> answer = executeOne(command);
+        m_engine->update();
         if (!answer)
             continue;
         if (reply)
@@ -103,17 +125,22 @@ std::optional<QByteArray> CommandInterpreter::executeOne(const QByteArray &text)
     return std::nullopt;
 }
 
-std::optional<double> CommandInterpreter::number(const QByteArray &argument, char unit)
+std::optional<double>
+CommandInterpreter::number(const QByteArray &argument, char unit, const Bounds *bounds)
 {
+    if (bounds) {
+        if (const std::optional<double> value = boundWord(argument, *bounds))
+            return value;
+    }
     const std::optional<double> value = scpi::parseNumber(argument, unit);
     if (!value)
         m_engine->errors().push(ScpiError::DataTypeError);
     return value;
 }
 
-std::optional<int> CommandInterpreter::integer(const QByteArray &argument)
+std::optional<int> CommandInterpreter::integer(const QByteArray &argument, const Bounds *bounds)
 {
-    const std::optional<double> value = number(argument);
+    const std::optional<double> value = number(argument, 0, bounds);
     if (!value)
         return std::nullopt;
     if (!std::isfinite(*value) || *value != std::floor(*value)
@@ -134,6 +161,41 @@ std::optional<bool> CommandInterpreter::boolean(const QByteArray &argument)
         return false;
     m_engine->errors().push(ScpiError::IllegalParameterValue, QStringLiteral("expected ON or OFF"));
     return std::nullopt;
+}
+
+// A query's optional MIN, MAX or DEF: the value it names, or nothing (and an error) for any other
+// word. Without a parameter the caller answers the present value.
+std::optional<double> CommandInterpreter::boundQuery(const Arguments &arguments,
+                                                     const Bounds &bounds)
+{
+    if (const std::optional<double> value = boundWord(arguments.at(0), bounds))
+        return value;
+    m_engine->errors().push(ScpiError::IllegalParameterValue,
+                            QStringLiteral("expected MIN, MAX or DEF"));
+    return std::nullopt;
+}
+
+CommandInterpreter::Bounds CommandInterpreter::voltageBounds() const
+{
+    const Range &r = m_engine->description().channels.at(m_engine->selectedChannel()).voltage;
+    return {r.min, r.max, r.min};
+}
+
+CommandInterpreter::Bounds CommandInterpreter::currentBounds() const
+{
+    const Range &r = m_engine->description().channels.at(m_engine->selectedChannel()).current;
+    return {r.min, r.max, r.max};
+}
+
+CommandInterpreter::Bounds CommandInterpreter::timeBounds() const
+{
+    const InstrumentDescription &d = m_engine->description();
+    return {d.timeMin, d.timeMax, std::clamp(1.0, d.timeMin, d.timeMax)};
+}
+
+CommandInterpreter::Bounds CommandInterpreter::indexBounds() const
+{
+    return {1, static_cast<double>(m_engine->description().maxCount), 1};
 }
 
 QByteArray CommandInterpreter::volts(double value) const
@@ -162,17 +224,104 @@ void CommandInterpreter::addCommon()
         return QByteArray();
     });
     add("*CLS", false, 0, 0, [engine](const Arguments &) {
-        engine->errors().clear();
+        engine->clearStatus();
         return QByteArray();
     });
-    // Commands complete as they are parsed, so the operation is always complete.
+    // Commands complete as they are parsed, so the operation is always complete: *OPC sets its
+    // bit at once and *WAI has nothing to wait for.
     add("*OPC", true, 0, 0, [](const Arguments &) { return QByteArray("1"); });
-    add("*OPC", false, 0, 0, [](const Arguments &) { return QByteArray(); });
+    add("*OPC", false, 0, 0, [engine](const Arguments &) {
+        engine->status().raise(StatusRegisters::OperationComplete);
+        return QByteArray();
+    });
+    add("*WAI", false, 0, 0, [](const Arguments &) { return QByteArray(); });
+    add("*TST", true, 0, 0, [engine](const Arguments &) {
+        return QByteArray::number(engine->selfTest());
+    });
+    add("SYSTem:VERSion", true, 0, 0, [](const Arguments &) { return QByteArray("1999.0"); });
     add("SYSTem:ERRor[:NEXT]", true, 0, 0, [engine](const Arguments &) {
         return ErrorQueue::format(engine->errors().pop()).toUtf8();
     });
     add("SYSTem:ERRor:COUNt", true, 0, 0, [engine](const Arguments &) {
         return QByteArray::number(engine->errors().size());
+    });
+}
+
+void CommandInterpreter::addStatus()
+{
+    SupplyEngine *engine = m_engine;
+    const Bounds byte{0, 255, 0};
+    auto addEnable = [this](const QByteArray &pattern, Bounds bounds, auto target) {
+        add(pattern, false, 1, 1, [this, bounds, target](const Arguments &a) {
+            const std::optional<int> value = integer(a.at(0), &bounds);
+            if (!value)
+                return std::optional<QByteArray>();
+            if (*value < bounds.min || *value > bounds.max) {
+                m_engine->errors().push(ScpiError::DataOutOfRange,
+                                        QStringLiteral("mask %1 is outside %2..%3")
+                                            .arg(*value)
+                                            .arg(bounds.min)
+                                            .arg(bounds.max));
+                return std::optional<QByteArray>();
+            }
+            target() = static_cast<std::remove_reference_t<decltype(target())>>(*value);
+            return std::optional<QByteArray>(QByteArray());
+        });
+        add(pattern, true, 0, 0, [target](const Arguments &) {
+            return QByteArray::number(target());
+        });
+    };
+    addEnable("*ESE", byte, [engine]() -> quint8 & { return engine->status().eventEnable; });
+    addEnable(
+        "*SRE", byte, [engine]() -> quint8 & { return engine->status().serviceRequestEnable; });
+    add("*ESR", true, 0, 0, [engine](const Arguments &) {
+        engine->update();
+        return QByteArray::number(engine->status().takeEvents());
+    });
+    add("*STB", true, 0, 0, [this, engine](const Arguments &) {
+        return QByteArray::number(engine->statusByte(m_replyWaiting));
+    });
+    // Bit 15 of a status register is always 0.
+    const Bounds word{0, 32767, 0};
+    for (const QByteArray &name : {QByteArray("OPERation"), QByteArray("QUEStionable")}) {
+        const bool operation = name == "OPERation";
+        auto reg = [engine, operation]() -> StatusRegister & {
+            return operation ? engine->status().operation : engine->status().questionable;
+        };
+        add("STATus:" + name + "[:EVENt]", true, 0, 0, [engine, reg](const Arguments &) {
+            engine->update();
+            return QByteArray::number(reg().takeEvent());
+        });
+        add("STATus:" + name + ":CONDition", true, 0, 0, [engine, reg](const Arguments &) {
+            engine->update();
+            return QByteArray::number(reg().condition);
+        });
+        addEnable(
+            "STATus:" + name + ":ENABle", word, [reg]() -> quint16 & { return reg().enable; });
+    }
+    add("STATus:PRESet", false, 0, 0, [engine](const Arguments &) {
+        engine->status().preset();
+        return QByteArray();
+    });
+}
+
+void CommandInterpreter::addLevel(const QByteArray &pattern,
+                                  char unit,
+                                  const std::function<Bounds()> &bounds,
+                                  const std::function<double()> &get,
+                                  const std::function<bool(double)> &set,
+                                  int decimals)
+{
+    add(pattern, false, 1, 1, [this, unit, bounds, set](const Arguments &a) {
+        const Bounds b = bounds();
+        const std::optional<double> value = number(a.at(0), unit, &b);
+        return done(value && set(*value));
+    });
+    add(pattern, true, 0, 1, [this, bounds, get, decimals](const Arguments &a) {
+        if (a.isEmpty())
+            return std::optional<QByteArray>(fixed(get(), decimals));
+        const std::optional<double> value = boundQuery(a, bounds());
+        return value ? std::optional<QByteArray>(fixed(*value, decimals)) : std::nullopt;
     });
 }
 
@@ -204,7 +353,8 @@ void CommandInterpreter::addChannel()
         1,
         1,
         [this, engine](const Arguments &a) -> std::optional<QByteArray> {
-            const std::optional<int> n = integer(a.at(0));
+            const Bounds channels{1, static_cast<double>(engine->channelCount()), 1};
+            const std::optional<int> n = integer(a.at(0), &channels);
             return done(n && engine->selectChannel(*n - 1));
         });
     add("INSTrument:NSELect", true, 0, 0, [engine](const Arguments &) {
@@ -227,27 +377,48 @@ void CommandInterpreter::addChannel()
     add("OUTPut[:STATe]", true, 0, 0, [engine](const Arguments &) {
         return QByteArray(engine->output(engine->selectedChannel()) ? "1" : "0");
     });
-    add("[SOURce]:VOLTage[:LEVel]",
-        false,
-        1,
-        1,
-        [this, engine](const Arguments &a) -> std::optional<QByteArray> {
-            const std::optional<double> v = number(a.at(0), 'V');
-            return done(v && engine->setVoltage(engine->selectedChannel(), *v));
+    const int vDecimals = engine->description().voltageDecimals;
+    const int cDecimals = engine->description().currentDecimals;
+    auto channel = [engine] {
+        return engine->selectedChannel();
+    };
+    addLevel(
+        "[SOURce]:VOLTage[:LEVel]",
+        'V',
+        [this] { return voltageBounds(); },
+        [engine, channel] { return engine->voltageSetpoint(channel()); },
+        [engine, channel](double v) { return engine->setVoltage(channel(), v); },
+        vDecimals);
+    addLevel(
+        "[SOURce]:CURRent[:LEVel]",
+        'A',
+        [this] { return currentBounds(); },
+        [engine, channel] { return engine->currentSetpoint(channel()); },
+        [engine, channel](double c) { return engine->setCurrent(channel(), c); },
+        cDecimals);
+    for (const Protection which : {Protection::Voltage, Protection::Current}) {
+        const bool voltage = which == Protection::Voltage;
+        const QByteArray node
+            = voltage ? "[SOURce]:VOLTage:PROTection" : "[SOURce]:CURRent:PROTection";
+        addLevel(
+            node + "[:LEVel]",
+            voltage ? 'V' : 'A',
+            [this, voltage] {
+                Bounds b = voltage ? voltageBounds() : currentBounds();
+                b.def = b.max;
+                return b;
+            },
+            [engine, channel, which] { return engine->protectionLevel(channel(), which); },
+            [engine, channel, which](double level) {
+                return engine->setProtectionLevel(channel(), which, level);
+            },
+            voltage ? vDecimals : cDecimals);
+        add(node + ":TRIPped", true, 0, 0, [engine, channel, which](const Arguments &) {
+            return QByteArray(engine->protectionTripped(channel(), which) ? "1" : "0");
         });
-    add("[SOURce]:VOLTage[:LEVel]", true, 0, 0, [this, engine](const Arguments &) {
-        return volts(engine->voltageSetpoint(engine->selectedChannel()));
-    });
-    add("[SOURce]:CURRent[:LEVel]",
-        false,
-        1,
-        1,
-        [this, engine](const Arguments &a) -> std::optional<QByteArray> {
-            const std::optional<double> c = number(a.at(0), 'A');
-            return done(c && engine->setCurrent(engine->selectedChannel(), *c));
-        });
-    add("[SOURce]:CURRent[:LEVel]", true, 0, 0, [this, engine](const Arguments &) {
-        return amperes(engine->currentSetpoint(engine->selectedChannel()));
+    }
+    add("OUTPut:PROTection:CLEar", false, 0, 0, [engine, channel](const Arguments &) {
+        return done(engine->clearProtection(channel()));
     });
     add("MEASure[:SCALar]:VOLTage[:DC]", true, 0, 0, [this, engine](const Arguments &) {
         return volts(engine->measuredVoltage(engine->selectedChannel()));
@@ -255,6 +426,14 @@ void CommandInterpreter::addChannel()
     add("MEASure[:SCALar]:CURRent[:DC]", true, 0, 0, [this, engine](const Arguments &) {
         return amperes(engine->measuredCurrent(engine->selectedChannel()));
     });
+    add("MEASure[:SCALar]:POWer[:DC]",
+        true,
+        0,
+        0,
+        [engine, vDecimals, cDecimals](const Arguments &) {
+            return fixed(engine->measuredPower(engine->selectedChannel()),
+                         std::max(vDecimals, cDecimals));
+        });
 }
 
 void CommandInterpreter::addSequence(int modeIndex)
@@ -282,16 +461,20 @@ void CommandInterpreter::addSequence(int modeIndex)
             4,
             4,
             [this, engine, channel](const Arguments &a) -> std::optional<QByteArray> {
-                const std::optional<int> index = integer(a.at(0));
+                const Bounds indexes = indexBounds();
+                const std::optional<int> index = integer(a.at(0), &indexes);
                 if (!index)
                     return std::nullopt;
-                const std::optional<double> v = number(a.at(1), 'V');
+                const Bounds voltages = voltageBounds();
+                const std::optional<double> v = number(a.at(1), 'V', &voltages);
                 if (!v)
                     return std::nullopt;
-                const std::optional<double> c = number(a.at(2), 'A');
+                const Bounds currents = currentBounds();
+                const std::optional<double> c = number(a.at(2), 'A', &currents);
                 if (!c)
                     return std::nullopt;
-                const std::optional<double> t = number(a.at(3), 'S');
+                const Bounds times = timeBounds();
+                const std::optional<double> t = number(a.at(3), 'S', &times);
                 return done(t && engine->writeListStep(channel(), *index, *v, *c, *t));
             });
     } else {
@@ -300,13 +483,15 @@ void CommandInterpreter::addSequence(int modeIndex)
             3,
             3,
             [this, engine, channel](const Arguments &a) -> std::optional<QByteArray> {
-                const std::optional<int> index = integer(a.at(0));
+                const Bounds indexes = indexBounds();
+                const std::optional<int> index = integer(a.at(0), &indexes);
                 if (!index)
                     return std::nullopt;
                 const std::optional<bool> on = boolean(a.at(1));
                 if (!on)
                     return std::nullopt;
-                const std::optional<double> t = number(a.at(2), 'S');
+                const Bounds times = timeBounds();
+                const std::optional<double> t = number(a.at(2), 'S', &times);
                 return done(t && engine->writeDelayerStep(channel(), *index, *on, *t));
             });
     }
@@ -354,11 +539,12 @@ void CommandInterpreter::addSequence(int modeIndex)
         1,
         [this, engine, mode, channel](const Arguments &a) -> std::optional<QByteArray> {
             const QByteArray word = a.at(0).toUpper();
+            const Bounds counts{1, SupplyEngine::maxRepeat, 1};
             std::optional<int> count;
             if (word == "INF" || word == "INFINITY")
                 count = 0;
             else
-                count = integer(a.at(0));
+                count = integer(a.at(0), &counts);
             return done(count && engine->setRepeat(channel(), mode, *count));
         });
     add(pattern("REPeat"), true, 0, 0, [engine, mode, channel](const Arguments &) {

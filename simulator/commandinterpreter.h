@@ -19,6 +19,14 @@ class SupplyEngine;
 class CommandInterpreter
 {
 public:
+    // What MIN, MAX and DEF stand for where a number is taken.
+    struct Bounds
+    {
+        double min;
+        double max;
+        double def;
+    };
+
     explicit CommandInterpreter(SupplyEngine *engine);
     ~CommandInterpreter();
 
@@ -41,12 +49,25 @@ private:
     void
     add(const QByteArray &pattern, bool query, int minArguments, int maxArguments, Handler handler);
     void addCommon();
+    void addStatus();
     void addChannel();
+    void addLevel(const QByteArray &pattern,
+                  char unit,
+                  const std::function<Bounds()> &bounds,
+                  const std::function<double()> &get,
+                  const std::function<bool(double)> &set,
+                  int decimals);
     void addSequence(int mode);
     std::optional<QByteArray> executeOne(const QByteArray &text);
 
-    std::optional<double> number(const QByteArray &argument, char unit = 0);
-    std::optional<int> integer(const QByteArray &argument);
+    std::optional<double>
+    number(const QByteArray &argument, char unit = 0, const Bounds *bounds = nullptr);
+    std::optional<int> integer(const QByteArray &argument, const Bounds *bounds = nullptr);
+    std::optional<double> boundQuery(const Arguments &arguments, const Bounds &bounds);
+    Bounds voltageBounds() const;
+    Bounds currentBounds() const;
+    Bounds timeBounds() const;
+    Bounds indexBounds() const;
     std::optional<bool> boolean(const QByteArray &argument);
     QByteArray volts(double value) const;
     QByteArray amperes(double value) const;
@@ -54,6 +75,7 @@ private:
 
     SupplyEngine *m_engine;
     QVector<Entry> m_entries;
+    bool m_replyWaiting = false; // an earlier query on the line has answered: *STB?'s MAV bit
 };
 
 } // namespace tarn::sim

@@ -1,10 +1,13 @@
 // The error queue: bounded, oldest first, overflow reported in place of the newest entry.
 #include "errorqueue.h"
 
+#include "statusregisters.h"
+
 namespace tarn::sim {
 
 void ErrorQueue::push(ScpiError error, const QString &detail)
 {
+    m_raised |= StatusRegisters::eventBitOf(error);
     if (m_entries.size() < capacity) {
         m_entries.append({error, detail});
         return;
@@ -17,6 +20,13 @@ ErrorQueue::Entry ErrorQueue::pop()
     if (m_entries.isEmpty())
         return {};
     return m_entries.takeFirst();
+}
+
+quint8 ErrorQueue::takeRaisedEvents()
+{
+    const quint8 bits = m_raised;
+    m_raised = 0;
+    return bits;
 }
 
 void ErrorQueue::clear()

@@ -28,12 +28,16 @@ public:
     void clear();
     int size() const { return m_entries.size(); }
     bool isEmpty() const { return m_entries.isEmpty(); }
+    // The standard event bits of the errors pushed since the last call, also of those the full
+    // queue could not keep.
+    quint8 takeRaisedEvents();
 
     // How SYST:ERR? replies: -222,"Data out of range;voltage 40 is above 32".
     static QString format(const Entry &entry);
 
 private:
     QVector<Entry> m_entries;
+    quint8 m_raised = 0;
 };
 
 } // namespace tarn::sim

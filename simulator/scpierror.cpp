@@ -26,6 +26,8 @@ QString scpiErrorText(ScpiError error)
         return QStringLiteral("Too much data");
     case ScpiError::IllegalParameterValue:
         return QStringLiteral("Illegal parameter value");
+    case ScpiError::DeviceSpecificError:
+        return QStringLiteral("Device-specific error");
     case ScpiError::QueueOverflow:
         return QStringLiteral("Queue overflow");
     case ScpiError::InputBufferOverrun:

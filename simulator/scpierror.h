@@ -16,6 +16,7 @@ enum class ScpiError {
     DataOutOfRange = -222,
     TooMuchData = -223,
     IllegalParameterValue = -224,
+    DeviceSpecificError = -300,
     QueueOverflow = -350,
     InputBufferOverrun = -363,
 };

@@ -66,6 +66,8 @@ SupplyEngine::Channel SupplyEngine::makeChannel(int index) const
     Channel c;
     c.voltage = m_description.channels.at(index).voltage.min;
     c.current = m_description.channels.at(index).current.max;
+    c.protection = {m_description.channels.at(index).voltage.max,
+                    m_description.channels.at(index).current.max};
     return c;
 }
 
@@ -109,12 +111,15 @@ bool SupplyEngine::setOutput(int channel, bool on)
     const bool running = c->runs[0].running || c->runs[1].running;
     if (on && running)
         return refuse(ScpiError::SettingsConflict, QStringLiteral("a sequence is running"));
+    if (on && !checkNotTripped(*c, channel))
+        return false;
     // Switching off is the way out of anything, so it also ends a run (without its end state).
     if (!on) {
         c->runs[0].running = false;
         c->runs[1].running = false;
     }
     c->output = on;
+    watchProtection(channel);
     return true;
 }
 
@@ -150,6 +155,8 @@ bool SupplyEngine::setSetpoint(int channel, double value, bool voltage)
                     &stored))
         return false;
     (voltage ? c->voltage : c->current) = stored;
+    // A Delayer plays at the set-points, so a new one may bring a trip forward.
+    watchProtection(channel);
     return true;
 }
 
@@ -166,19 +173,22 @@ double SupplyEngine::currentSetpoint(int channel) const
 SupplyEngine::Output SupplyEngine::effectiveOutput(int channel)
 {
     const Channel *c = channelAt(channel);
-    if (!c)
-        return {};
-    const Run &list = c->runs[static_cast<int>(SequenceMode::List)];
-    const Run &delayer = c->runs[static_cast<int>(SequenceMode::Delayer)];
+    return c ? outputOf(*c) : Output{};
+}
+
+SupplyEngine::Output SupplyEngine::outputOf(const Channel &c) const
+{
+    const Run &list = c.runs[static_cast<int>(SequenceMode::List)];
+    const Run &delayer = c.runs[static_cast<int>(SequenceMode::Delayer)];
     if (list.running) {
-        const ListStep &step = c->list.at(position(list).step - 1);
+        const ListStep &step = c.list.at(position(list).step - 1);
         return {true, step.voltage, step.current};
     }
     if (delayer.running) {
-        const DelayerStep &step = c->delayer.at(position(delayer).step - 1);
-        return {step.on, c->voltage, c->current};
+        const DelayerStep &step = c.delayer.at(position(delayer).step - 1);
+        return {step.on, c.voltage, c.current};
     }
-    return {c->output, c->voltage, c->current};
+    return {c.output, c.voltage, c.current};
 }
 
 // The output drives a resistor: it holds the voltage set-point while the load draws less than the
@@ -199,6 +209,197 @@ double SupplyEngine::measuredCurrent(int channel)
         return 0.0;
     const double amperes = std::min(out.voltage / m_load, out.current);
     return roundTo(amperes, m_description.currentDecimals);
+}
+
+double SupplyEngine::measuredPower(int channel)
+{
+    return measuredVoltage(channel) * measuredCurrent(channel);
+}
+
+bool SupplyEngine::exceedsProtection(const Channel &c,
+                                     double volts,
+                                     double amperes,
+                                     Protection *which) const
+{
+    const double outVolts = volts / m_load <= amperes ? volts : amperes * m_load;
+    const double outAmperes = std::min(volts / m_load, amperes);
+    if (roundTo(outVolts, m_description.voltageDecimals)
+        > c.protection[static_cast<int>(Protection::Voltage)]) {
+        *which = Protection::Voltage;
+        return true;
+    }
+    if (roundTo(outAmperes, m_description.currentDecimals)
+        > c.protection[static_cast<int>(Protection::Current)]) {
+        *which = Protection::Current;
+        return true;
+    }
+    return false;
+}
+
+// The first instant, at `from` ticks into the run or later, at which a step of the running
+// sequence would drive the output above a protection level; -1 when no step ever does. Steps
+// repeat every cycle, so one pass over them from the step now playing decides it.
+qint64
+SupplyEngine::firstTrip(const Channel &c, SequenceMode mode, qint64 from, Protection *which) const
+{
+    const Run &r = c.runs[static_cast<int>(mode)];
+    const int count = r.ends.size();
+    const qint64 total = r.ends.last();
+    const qint64 cycleStart = from - from % total;
+    const int now = static_cast<int>(std::upper_bound(r.ends.cbegin(), r.ends.cend(), from % total)
+                                     - r.ends.cbegin());
+    for (int k = 0; k < count; ++k) {
+        const int step = (now + k) % count;
+        bool exceeds = false;
+        if (mode == SequenceMode::List)
+            exceeds = exceedsProtection(c, c.list.at(step).voltage, c.list.at(step).current, which);
+        else
+            exceeds = c.delayer.at(step).on && exceedsProtection(c, c.voltage, c.current, which);
+        if (!exceeds)
+            continue;
+        if (k == 0)
+            return from;
+        return cycleStart + (now + k >= count ? total : 0) + (step > 0 ? r.ends.at(step - 1) : 0);
+    }
+    return -1;
+}
+
+// Called whenever the output, its set-points, a protection level or a run changes.
+void SupplyEngine::watchProtection(int channel)
+{
+    Channel &c = m_channels[channel];
+    for (SequenceMode mode : {SequenceMode::List, SequenceMode::Delayer}) {
+        Run &r = c.runs[static_cast<int>(mode)];
+        if (r.running)
+            r.tripAt = firstTrip(c, mode, elapsedTicks(r), &r.tripKind);
+    }
+    checkSteadyOutput(channel);
+    settle(channel);
+}
+
+void SupplyEngine::checkSteadyOutput(int channel)
+{
+    Channel &c = m_channels[channel];
+    Protection which = Protection::Voltage;
+    if (c.output && !c.runs[0].running && !c.runs[1].running
+        && exceedsProtection(c, c.voltage, c.current, &which))
+        trip(channel, which);
+}
+
+void SupplyEngine::trip(int channel, Protection which)
+{
+    Channel &c = m_channels[channel];
+    c.runs[0].running = false;
+    c.runs[1].running = false;
+    c.output = false;
+    c.tripped[static_cast<int>(which)] = true;
+    refuse(ScpiError::DeviceSpecificError,
+           QStringLiteral("%1 protection tripped on %2")
+               .arg(which == Protection::Voltage ? QStringLiteral("over-voltage")
+                                                 : QStringLiteral("over-current"),
+                    m_description.channels.at(channel).name));
+}
+
+bool SupplyEngine::checkNotTripped(const Channel &c, int channel)
+{
+    if (!c.tripped[0] && !c.tripped[1])
+        return true;
+    return refuse(ScpiError::SettingsConflict,
+                  QStringLiteral("protection tripped on %1; clear it with OUTP:PROT:CLE first")
+                      .arg(m_description.channels.at(channel).name));
+}
+
+bool SupplyEngine::setProtectionLevel(int channel, Protection which, double level)
+{
+    Channel *c = channelAt(channel);
+    if (!c)
+        return false;
+    const bool voltage = which == Protection::Voltage;
+    const ChannelDescription &ranges = m_description.channels.at(channel);
+    double stored = 0.0;
+    if (!checkLevel(level,
+                    voltage ? ranges.voltage : ranges.current,
+                    voltage ? m_description.voltageDecimals : m_description.currentDecimals,
+                    voltage ? "over-voltage protection" : "over-current protection",
+                    &stored))
+        return false;
+    c->protection[static_cast<int>(which)] = stored;
+    watchProtection(channel);
+    return true;
+}
+
+double SupplyEngine::protectionLevel(int channel, Protection which) const
+{
+    return channelOrEmpty(channel).protection[static_cast<int>(which)];
+}
+
+bool SupplyEngine::protectionTripped(int channel, Protection which) const
+{
+    return channelOrEmpty(channel).tripped[static_cast<int>(which)];
+}
+
+bool SupplyEngine::clearProtection(int channel)
+{
+    Channel *c = channelAt(channel);
+    if (!c)
+        return false;
+    c->tripped = {};
+    return true;
+}
+
+void SupplyEngine::update()
+{
+    m_now = m_clock();
+    quint16 operation = 0;
+    quint16 questionable = 0;
+    for (int i = 0; i < m_channels.size(); ++i) {
+        settle(i);
+        const Channel &c = m_channels.at(i);
+        if (c.runs[static_cast<int>(SequenceMode::List)].running)
+            operation |= StatusRegisters::ListRunning;
+        if (c.runs[static_cast<int>(SequenceMode::Delayer)].running)
+            operation |= StatusRegisters::DelayerRunning;
+        const Output out = outputOf(c);
+        if (out.on && out.voltage / m_load > out.current)
+            operation |= StatusRegisters::ConstantCurrent;
+        if (c.tripped[static_cast<int>(Protection::Voltage)])
+            questionable |= StatusRegisters::OverVoltageTripped;
+        if (c.tripped[static_cast<int>(Protection::Current)])
+            questionable |= StatusRegisters::OverCurrentTripped;
+    }
+    m_status.operation.setCondition(operation);
+    m_status.questionable.setCondition(questionable);
+    m_status.raise(m_errors.takeRaisedEvents());
+}
+
+quint8 SupplyEngine::statusByte(bool messageAvailable)
+{
+    update();
+    return m_status.statusByte(!m_errors.isEmpty(), messageAvailable);
+}
+
+void SupplyEngine::clearStatus()
+{
+    m_errors.clear();
+    m_errors.takeRaisedEvents();
+    m_status.clearEvents();
+}
+
+int SupplyEngine::selfTest() const
+{
+    qint64 now = 0;
+    SupplyEngine scratch(m_description, [&now] { return now; });
+    const ChannelDescription &range = m_description.channels.first();
+    const double volts
+        = roundTo((range.voltage.min + range.voltage.max) / 2, m_description.voltageDecimals);
+    const double amperes = range.current.max;
+    const double seconds = m_description.timeMin;
+    const bool played = scratch.writeListStep(0, 1, volts, amperes, seconds)
+                        && scratch.run(0, SequenceMode::List)
+                        && scratch.playback(0, SequenceMode::List).step == 1 && scratch.output(0);
+    now += static_cast<qint64>(std::ceil(seconds * 1e9)) + scratch.m_tickNs;
+    const bool ended = !scratch.playback(0, SequenceMode::List).running && !scratch.output(0);
+    return played && ended && scratch.errors().isEmpty() ? 0 : 1;
 }
 
 bool SupplyEngine::checkEditable(int channel, SequenceMode mode)
@@ -381,6 +582,8 @@ bool SupplyEngine::run(int channel, SequenceMode mode)
     if (stepCount(channel, mode) == 0)
         return refuse(ScpiError::SettingsConflict,
                       QStringLiteral("the %1 holds no steps").arg(modeName(mode)));
+    if (!checkNotTripped(*c, channel))
+        return false;
     Run &r = c->runs[static_cast<int>(mode)];
     r.ends.clear();
     qint64 sum = 0;
@@ -394,6 +597,7 @@ bool SupplyEngine::run(int channel, SequenceMode mode)
     r.running = true;
     r.startNs = m_now;
     c->output = true;
+    watchProtection(channel);
     return true;
 }
 
@@ -418,8 +622,20 @@ void SupplyEngine::settle(int channel)
     Channel &c = m_channels[channel];
     for (SequenceMode mode : {SequenceMode::List, SequenceMode::Delayer}) {
         const Run &r = c.runs[static_cast<int>(mode)];
-        if (r.running && r.repeat > 0 && elapsedTicks(r) / r.ends.last() >= r.repeat)
+        if (!r.running)
+            continue;
+        const qint64 elapsed = elapsedTicks(r);
+        const qint64 total = r.ends.last();
+        // A trip inside the last cycle still comes before the end.
+        if (r.tripAt >= 0 && r.tripAt <= elapsed
+            && (r.repeat == 0 || r.tripAt / total < r.repeat)) {
+            trip(channel, r.tripKind);
+            return;
+        }
+        if (r.repeat > 0 && elapsed / total >= r.repeat) {
             finish(c, mode);
+            checkSteadyOutput(channel);
+        }
     }
 }
 

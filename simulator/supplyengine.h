@@ -3,6 +3,7 @@
 
 #include "errorqueue.h"
 #include "instrumentdescription.h"
+#include "statusregisters.h"
 
 #include <QVector>
 
@@ -13,6 +14,8 @@ namespace tarn::sim {
 
 enum class SequenceMode { List = 0, Delayer = 1 };
 enum class EndState { Off, On, Last };
+// The two protections of every output: over-voltage and over-current.
+enum class Protection { Voltage = 0, Current = 1 };
 
 // Times are held in whole ticks of 10^-timeDecimals s, so that playback sums without drift.
 struct ListStep
@@ -50,6 +53,18 @@ public:
 
     const InstrumentDescription &description() const { return m_description; }
     ErrorQueue &errors() { return m_errors; }
+    StatusRegisters &status() { return m_status; }
+
+    // Brings every channel to the present instant (runs that ended, protections that tripped) and
+    // refreshes the status conditions, so that their events latch. Call it after each command.
+    void update();
+    // The status byte as *STB? reports it; `messageAvailable` tells whether a reply waits.
+    quint8 statusByte(bool messageAvailable);
+    // *CLS: the error queue and every event register emptied.
+    void clearStatus();
+    // *TST?: 0 when a scratch engine with the same description stores, plays and ends a step as
+    // it should, 1 otherwise. This engine is left as it is.
+    int selfTest() const;
 
     // Sequence seconds per real second; set before a run starts.
     void setSpeed(double factor);
@@ -75,6 +90,15 @@ public:
     double currentSetpoint(int channel) const;
     double measuredVoltage(int channel);
     double measuredCurrent(int channel);
+    double measuredPower(int channel);
+
+    // A protection trips when the output goes above its level, also while a sequence plays: the
+    // output goes off, the run ends without its end state, and error -300 names the channel.
+    bool setProtectionLevel(int channel, Protection which, double level);
+    double protectionLevel(int channel, Protection which) const;
+    bool protectionTripped(int channel, Protection which) const;
+    // Clears both trips; the output stays off until it is switched on again.
+    bool clearProtection(int channel);
 
     bool clearSequence(int channel, SequenceMode mode);
     bool writeListStep(int channel, int index, double volts, double amperes, double seconds);
@@ -104,6 +128,8 @@ private:
         bool running = false;
         qint64 startNs = 0;
         QVector<qint64> ends; // running sum of the step ticks, taken when the run starts
+        qint64 tripAt = -1;   // ticks into the run when a step first goes above a protection
+        Protection tripKind = Protection::Voltage;
     };
 
     struct Channel
@@ -114,6 +140,8 @@ private:
         QVector<ListStep> list;
         QVector<DelayerStep> delayer;
         std::array<Run, 2> runs;
+        std::array<double, 2> protection{};
+        std::array<bool, 2> tripped{};
     };
 
     struct Output
@@ -137,12 +165,20 @@ private:
     void settle(int channel);
     void finish(Channel &c, SequenceMode mode);
     Output effectiveOutput(int channel);
+    Output outputOf(const Channel &c) const;
+    bool exceedsProtection(const Channel &c, double volts, double amperes, Protection *which) const;
+    qint64 firstTrip(const Channel &c, SequenceMode mode, qint64 from, Protection *which) const;
+    void watchProtection(int channel);
+    void checkSteadyOutput(int channel);
+    void trip(int channel, Protection which);
+    bool checkNotTripped(const Channel &c, int channel);
     Channel makeChannel(int index) const;
     QString modeName(SequenceMode mode) const;
 
     InstrumentDescription m_description;
     Clock m_clock;
     ErrorQueue m_errors;
+    StatusRegisters m_status;
     QVector<Channel> m_channels;
     int m_selected = 0;
     double m_speed = 1.0;
