@@ -1,30 +1,49 @@
 // The network shell of the simulated supply: lines in, replies out, faults on request.
 #include "supplyserver.h"
 
+#include "clientconnection.h"
 #include "commandinterpreter.h"
 #include "supplyengine.h"
 
 #include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
 
 namespace tarn::sim {
 
 namespace {
 constexpr qint64 readChunk = qint64{16} * 1024;
+constexpr int mostWaiting = 8;
 } // namespace
+
+// The listening socket hands over bare descriptors, so that each client gets a ClientConnection.
+class Listener final : public QTcpServer
+{
+    Q_OBJECT
+
+public:
+    using QTcpServer::QTcpServer;
+
+signals:
+    void descriptorReady(qintptr descriptor);
+
+protected:
+    void incomingConnection(qintptr descriptor) override { emit descriptorReady(descriptor); }
+};
 
 SupplyServer::SupplyServer(SupplyEngine *engine, ServerFaults faults, QObject *parent)
     : QObject(parent)
     , m_engine(engine)
     , m_interpreter(std::make_unique<CommandInterpreter>(engine))
     , m_faults(faults)
-    , m_server(new QTcpServer(this))
+    , m_server(new Listener(this))
+    , m_graceTimer(new QTimer(this))
     , m_latencyTimer(new QTimer(this))
 {
     m_latencyTimer->setSingleShot(true);
+    m_graceTimer->setSingleShot(true);
     m_clock.start();
-    connect(m_server, &QTcpServer::newConnection, this, &SupplyServer::acceptConnections);
+    connect(m_server, &Listener::descriptorReady, this, &SupplyServer::accept);
+    connect(m_graceTimer, &QTimer::timeout, this, &SupplyServer::judgeWaiting);
     connect(m_latencyTimer, &QTimer::timeout, this, &SupplyServer::flushDelayedReplies);
 }
 
@@ -50,35 +69,73 @@ quint16 SupplyServer::port() const
     return m_server->serverPort();
 }
 
-void SupplyServer::acceptConnections()
+void SupplyServer::accept(qintptr descriptor)
 {
-    while (QTcpSocket *socket = m_server->nextPendingConnection()) {
-        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        if (m_client) {
-            socket->write("ERROR: the supply is in use by another client; try again later\n");
-            socket->disconnectFromHost();
-            continue;
+    auto *client = new ClientConnection(descriptor, this);
+    connect(client, &ClientConnection::closed, client, &QObject::deleteLater);
+    if (!m_client) {
+        serve(client);
+        return;
+    }
+    if (m_waiting.size() >= mostWaiting) {
+        refuse(client);
+        return;
+    }
+    // The newcomer's commands stay in the kernel until it is served.
+    client->setReading(false);
+    m_waiting.append({client, m_clock.elapsed()});
+    // The client being served may be the newcomer's own earlier connection, closed a moment ago.
+    readClient();
+    if (!m_graceTimer->isActive())
+        m_graceTimer->start(graceMs);
+}
+
+void SupplyServer::serve(ClientConnection *client)
+{
+    m_client = client;
+    m_buffer = LineBuffer();
+    m_lines.clear();
+    m_lineBytes = 0;
+    m_commands = 0;
+    m_delayed.clear();
+    m_delayedBytes = 0;
+    connect(client, &ClientConnection::readyRead, this, &SupplyServer::readClient);
+    connect(client, &ClientConnection::bytesWritten, this, &SupplyServer::readClient);
+    connect(client, &ClientConnection::closed, this, [this, client] {
+        if (m_client == client)
+            dropClient();
+        emit clientDisconnected();
+    });
+    client->setReading(true);
+    emit clientConnected(client->peer());
+}
+
+void SupplyServer::refuse(ClientConnection *client)
+{
+    client->write("ERROR: the supply is in use by another client; try again later\n");
+    client->closeWhenWritten();
+}
+
+// A newcomer that has waited its grace is refused unless the client being served is already on
+// its way out (its input has ended and only its replies are still leaving).
+void SupplyServer::judgeWaiting()
+{
+    const qint64 now = m_clock.elapsed();
+    const bool leaving = m_client && m_client->inputEnded();
+    for (int i = 0; i < m_waiting.size();) {
+        ClientConnection *client = m_waiting.at(i).client;
+        if (!client || !client->isOpen()) {
+            m_waiting.removeAt(i);
+        } else if (m_client && !leaving && now - m_waiting.at(i).since >= graceMs) {
+            m_waiting.removeAt(i);
+            refuse(client);
+        } else {
+            ++i;
         }
-        m_client = socket;
-        m_buffer = LineBuffer();
-        m_lines.clear();
-        m_lineBytes = 0;
-        m_commands = 0;
-        m_delayed.clear();
-        m_delayedBytes = 0;
-        // A bounded read buffer lets the kernel hold back a client that writes faster than the
-        // supply answers.
-        socket->setReadBufferSize(LineBuffer::defaultBound);
-        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        connect(socket, &QTcpSocket::readyRead, this, &SupplyServer::readClient);
-        connect(socket, &QTcpSocket::bytesWritten, this, &SupplyServer::readClient);
-        connect(socket, &QTcpSocket::disconnected, this, [this, socket] {
-            if (m_client == socket)
-                dropClient();
-            emit clientDisconnected();
-        });
-        emit clientConnected(
-            QStringLiteral("%1:%2").arg(socket->peerAddress().toString()).arg(socket->peerPort()));
+    }
+    if (!m_waiting.isEmpty()) {
+        const qint64 due = m_waiting.first().since + graceMs - now;
+        m_graceTimer->start(static_cast<int>(qBound<qint64>(10, due, graceMs)));
     }
 }
 
@@ -93,7 +150,7 @@ void SupplyServer::readClient()
     char chunk[readChunk];
     // Lines are read only when those already read have been answered, so that at most one chunk
     // of lines and about outputBound bytes of replies wait here, whatever the client does.
-    while (m_client && m_lines.isEmpty() && !outputFull() && m_client->bytesAvailable() > 0) {
+    while (m_client && m_lines.isEmpty() && !outputFull()) {
         const qint64 n = m_client->read(chunk, sizeof chunk);
         if (n <= 0)
             break;
@@ -107,6 +164,13 @@ void SupplyServer::readClient()
             [this] { m_engine->errors().push(ScpiError::InputBufferOverrun); });
         processLines();
     }
+    if (!m_client)
+        return;
+    const bool answered = m_lines.isEmpty() && m_delayed.isEmpty();
+    if (m_client->inputEnded() && answered)
+        m_client->closeWhenWritten();
+    else
+        m_client->setReading(m_lines.isEmpty() && !outputFull());
 }
 
 void SupplyServer::processLines()
@@ -160,8 +224,16 @@ void SupplyServer::dropClient()
     m_delayed.clear();
     m_delayedBytes = 0;
     m_latencyTimer->stop();
-    // A client waiting in the queue of the listening socket is served now.
-    acceptConnections();
+    while (!m_waiting.isEmpty()) {
+        ClientConnection *next = m_waiting.takeFirst().client;
+        if (next && next->isOpen()) {
+            serve(next);
+            readClient();
+            return;
+        }
+    }
 }
 
 } // namespace tarn::sim
+
+#include "supplyserver.moc"

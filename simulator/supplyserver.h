@@ -9,17 +9,18 @@
 #include <QObject>
 #include <QPointer>
 #include <QQueue>
+#include <QVector>
 
 #include <memory>
 
-class QTcpServer;
-class QTcpSocket;
 class QTimer;
 
 namespace tarn::sim {
 
+class ClientConnection;
 class CommandInterpreter;
 class SupplyEngine;
+class Listener;
 
 // Faults a test can ask the server for; 0 leaves a fault out. Commands count the lines a client
 // sent on its connection.
@@ -31,9 +32,13 @@ struct ServerFaults
 };
 
 // SupplyServer reads newline-terminated commands, runs them through the interpreter in order and
-// writes each reply line. A second client is told the supply is busy and is closed; the first
-// one is not disturbed. A client that stops reading its replies is no longer read from until it
-// catches up, so neither direction can make the server's memory grow without bound.
+// writes each reply line. A client that ends its input (a half-close) gets every reply before the
+// socket closes. One client is served at a time: a client that arrives while another is served
+// waits a moment, since a client that closes and reconnects at once arrives before its old
+// connection has been seen to end; if the first one is still there after that, the newcomer is
+// told the supply is busy and is closed, and the first one is not disturbed. A client that stops
+// reading its replies is no longer read from until it catches up, so neither direction can make
+// the server's memory grow without bound.
 class SupplyServer final : public QObject
 {
     Q_OBJECT
@@ -50,13 +55,18 @@ public:
     bool hasClient() const { return !m_client.isNull(); }
 
     static constexpr qint64 outputBound = 1 << 20;
+    // How long a newcomer waits for the client being served to leave.
+    static constexpr int graceMs = 500;
 
 signals:
     void clientConnected(const QString &peer);
     void clientDisconnected();
 
 private:
-    void acceptConnections();
+    void accept(qintptr descriptor);
+    void serve(ClientConnection *client);
+    void judgeWaiting();
+    void refuse(ClientConnection *client);
     void readClient();
     void processLines();
     void sendReply(const QByteArray &reply);
@@ -67,8 +77,15 @@ private:
     SupplyEngine *m_engine;
     std::unique_ptr<CommandInterpreter> m_interpreter;
     ServerFaults m_faults;
-    QTcpServer *m_server;
-    QPointer<QTcpSocket> m_client;
+    Listener *m_server;
+    QPointer<ClientConnection> m_client;
+    struct Waiting
+    {
+        QPointer<ClientConnection> client;
+        qint64 since;
+    };
+    QVector<Waiting> m_waiting;
+    QTimer *m_graceTimer;
     LineBuffer m_buffer;
     QQueue<QByteArray> m_lines;
     qint64 m_lineBytes = 0;
