@@ -2,10 +2,7 @@
 #include "templateparam.h"
 #include "templatestream.h"
 
-#include <QtEndian>
 #include <QtTest>
-
-#include <cstring>
 
 using namespace tarn2::specific::orvo5000::programmer;
 using ListParams = QVector<ListTemplateParam>;
@@ -28,43 +25,6 @@ template<typename T> static int load(const QByteArray &bytes, QVector<T> &params
     return stream.status();
 }
 
-// The fields that are doubles, in stream order.
-double ListTemplateParam::*const listDoubles[] = {&ListTemplateParam::voltage,
-                                                  &ListTemplateParam::current,
-                                                  &ListTemplateParam::voltageMin,
-                                                  &ListTemplateParam::voltageMax,
-                                                  &ListTemplateParam::currentMin,
-                                                  &ListTemplateParam::currentMax,
-                                                  &ListTemplateParam::period,
-                                                  &ListTemplateParam::interval,
-                                                  &ListTemplateParam::width};
-double DelayerTemplateParam::*const delayerDoubles[] = {&DelayerTemplateParam::onTime,
-                                                        &DelayerTemplateParam::offTime,
-                                                        &DelayerTemplateParam::incBaseValue,
-                                                        &DelayerTemplateParam::incStep,
-                                                        &DelayerTemplateParam::decBaseValue,
-                                                        &DelayerTemplateParam::decStep};
-
-// The bits of a double in hexadecimal, most significant byte first, as an 8-byte double is
-// streamed.
-static QByteArray bits(double value)
-{
-    quint64 word = 0;
-    std::memcpy(&word, &value, sizeof word);
-    word = qToBigEndian(word);
-    return QByteArray(reinterpret_cast<const char *>(&word), sizeof word).toHex();
-}
-
-// The bits of every double field of a template, in stream order.
-template<typename T, std::size_t N>
-static QByteArrayList doubleBits(const T &param, double T::*const (&fields)[N])
-{
-    QByteArrayList all;
-    for (double T::*field : fields)
-        all << bits(param.*field);
-    return all;
-}
-
 class TestTemplateStream : public QObject
 {
     Q_OBJECT
@@ -73,8 +33,6 @@ private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
     void registeredNames();
     void roundTrip();
-    void doublesComeBackBitExactly_data();
-    void doublesComeBackBitExactly();
     void readStopsAtTheVectorsEnd_data();
     void readStopsAtTheVectorsEnd();
     void singlePrecisionStream();
@@ -100,79 +58,37 @@ void TestTemplateStream::registeredNames()
     QCOMPARE(QMetaType::type("QVector<programmer::ListTemplateParam>"), qMetaTypeId<ListParams>());
 }
 
+// Every double field goes out and comes back in double precision: values a float cannot hold
+// come back bit for bit.
 void TestTemplateStream::roundTrip()
 {
     ListParams lists;
     DelayerParams delayers;
     resetListTemplateParams(lists);
     resetDelayerTemplateParams(delayers);
-    lists[0] = {ListRamp, 1, 2.5, 0.5, -1, 4, 0.25, 8, 30, 1, 3, true, 15, 4, 50, 10, 6, 7};
-    delayers[0] = {DelayerDecline, 1, 10, 2.0, 0.5, 1.0, 0.25, 1.5, -1.0};
+    lists[0]
+        = {ListRamp, 1, 0.1, 0.2, -0.7, 0.9, 0.3, 3.2, 29.9, 1.1, 3, true, 14.7, 4, 50, 10, 6, 7};
+    delayers[0] = {DelayerDecline, 1, 10, 2.1, 0.55, 1.3, 0.35, 1.7, -1.1};
     const QByteArray listBytes = save(lists);
     const QByteArray delayerBytes = save(delayers);
     QCOMPARE(listBytes.size(), 4 + 8 * 105);
     QCOMPARE(delayerBytes.size(), 4 + 3 * 60);
     // The count, then the first element's fields in declaration order.
     QCOMPARE(listBytes.left(4 + 105),
-             QByteArray::fromHex("00000008 00000002 00000001 4004000000000000 3fe0000000000000"
-                                 "bff0000000000000 4010000000000000 3fd0000000000000"
-                                 "4020000000000000 403e000000000000 3ff0000000000000 00000003 01"
-                                 "402e000000000000 00000004 00000032 0000000a 00000006 00000007"));
+             QByteArray::fromHex("00000008 00000002 00000001 3fb999999999999a 3fc999999999999a"
+                                 "bfe6666666666666 3feccccccccccccd 3fd3333333333333"
+                                 "400999999999999a 403de66666666666 3ff199999999999a 00000003 01"
+                                 "402d666666666666 00000004 00000032 0000000a 00000006 00000007"));
     QCOMPARE(delayerBytes.left(4 + 60),
-             QByteArray::fromHex("00000003 00000002 00000001 0000000a 4000000000000000"
-                                 "3fe0000000000000 3ff0000000000000 3fd0000000000000"
-                                 "3ff8000000000000 bff0000000000000"));
+             QByteArray::fromHex("00000003 00000002 00000001 0000000a 4000cccccccccccd"
+                                 "3fe199999999999a 3ff4cccccccccccd 3fd6666666666666"
+                                 "3ffb333333333333 bff199999999999a"));
     ListParams loadedLists;
     DelayerParams loadedDelayers;
     QCOMPARE(load(listBytes, loadedLists), QDataStream::Ok);
     QCOMPARE(load(delayerBytes, loadedDelayers), QDataStream::Ok);
     QCOMPARE(loadedLists, lists);
     QCOMPARE(loadedDelayers, delayers);
-}
-
-void TestTemplateStream::doublesComeBackBitExactly_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QByteArray>("streamed"); // the 8 bytes the stream holds for it, in hex
-    QTest::newRow("0.1") << 0.1 << QByteArray("3fb999999999999a");
-    QTest::newRow("1/3") << 1.0 / 3 << QByteArray("3fd5555555555555");
-    QTest::newRow("12345.678901") << 12345.678901 << QByteArray("40c81cd6e63a5c1c");
-}
-
-// Every double field is written and read in double precision: no value is rounded on the way.
-void TestTemplateStream::doublesComeBackBitExactly()
-{
-    QFETCH(double, value);
-    QFETCH(QByteArray, streamed);
-    ListParams lists(2);
-    for (ListTemplateParam &param : lists) {
-        for (double ListTemplateParam::*field : listDoubles)
-            param.*field = value;
-    }
-    DelayerParams delayers(2);
-    for (DelayerTemplateParam &param : delayers) {
-        for (double DelayerTemplateParam::*field : delayerDoubles)
-            param.*field = value;
-    }
-    const QByteArray listBytes = save(lists);
-    const QByteArray delayerBytes = save(delayers);
-    // The second element's voltage, after the count, the first element, type and object.
-    QCOMPARE(listBytes.mid(4 + 105 + 8, 8).toHex(), streamed);
-    // The second element's on-time, after the count, the first element, type, pattern and groups.
-    QCOMPARE(delayerBytes.mid(4 + 60 + 12, 8).toHex(), streamed);
-
-    ListParams loadedLists;
-    DelayerParams loadedDelayers;
-    QCOMPARE(load(listBytes, loadedLists), QDataStream::Ok);
-    QCOMPARE(load(delayerBytes, loadedDelayers), QDataStream::Ok);
-    QCOMPARE(loadedLists.size(), 2);
-    QCOMPARE(loadedDelayers.size(), 2);
-    const QByteArrayList everyListDouble = QVector<QByteArray>(9, streamed).toList();
-    const QByteArrayList everyDelayerDouble = QVector<QByteArray>(6, streamed).toList();
-    for (int i = 0; i < 2; ++i) {
-        QCOMPARE(doubleBits(loadedLists.at(i), listDoubles), everyListDouble);
-        QCOMPARE(doubleBits(loadedDelayers.at(i), delayerDoubles), everyDelayerDouble);
-    }
 }
 
 void TestTemplateStream::readStopsAtTheVectorsEnd_data()
