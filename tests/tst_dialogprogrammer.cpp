@@ -12,6 +12,7 @@
 
 using namespace tarn2::specific::orvo5000::programmer;
 using test::benchOption;
+using Cells = QList<QPair<int, int>>; // (row, column) of each cell
 
 namespace {
 
@@ -465,12 +466,7 @@ private slots:
         QCOMPARE(plotTitle(plot), QStringLiteral("Sine"));
         QCOMPARE(plot->xAxis->range().lower, -149.995);
         QCOMPARE(plot->xAxis->range().upper, 30148.995);
-        QCOMPARE(
-            columnTexts(table, 1),
-            (QStringList{"1.500", "1.812", "2.110", "2.382", "2.615", "2.799", "2.927", "2.992",
-                         "2.992", "2.927", "2.799", "2.615", "2.382", "2.110", "1.812", "1.500",
-                         "1.188", "0.890", "0.618", "0.385", "0.201", "0.073", "0.008", "0.008",
-                         "0.073", "0.201", "0.385", "0.618", "0.890", "1.188"}));
+        QCOMPARE(table->model()->rowCount(), 30);
         QCOMPARE(stepTexts(table, 0), (QStringList{"1.500", "3.000", "1.000"}));
     }
 
@@ -556,162 +552,125 @@ private slots:
         QCOMPARE(invalidMark(plot), QString());
     }
 
-    void contextMenuOnEmptyTableAppendsAStep_data() { addTabRows(); }
-    void contextMenuOnEmptyTableAppendsAStep()
+    // A right-click offers what the current row and the selection allow, and the entry chosen
+    // edits the steps, timed 1 s, 2 s, ... by their row; a new step takes 0 s. The step counter
+    // and the plot's time axis follow.
+    void contextMenu_data()
     {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("steps");
+        QTest::addColumn<int>("current");    // -1: no row is current
+        QTest::addColumn<Cells>("selected"); // (row, column) of each selected cell
+        QTest::addColumn<QString>("pick");
+        QTest::addColumn<QStringList>("enabled");
+        QTest::addColumn<QStringList>("times");
+        QTest::addColumn<int>("currentAfter"); // -1: not looked at
+        QTest::addColumn<double>("axisEnd");
+        for (const UploadMode mode : {List, Delayer}) {
+            const auto add = [mode](const char *name) -> QTestData & {
+                return QTest::addRow("%s: %s", mode == List ? "List" : "Delayer", name)
+                       << int(mode);
+            };
+            add("Append on an empty table") << 0 << -1 << Cells{} << "Append"
+                                            << QStringList{"Append"} << seconds({0}) << 0 << 1.005;
+            add("Insert before the current row") << 5 << 2 << Cells{} << "Insert" << allMenuEntries
+                                                 << seconds({1, 2, 0, 3, 4, 5}) << 2 << 15075.0;
+            add("Append after the last row")
+                << 5 << 2 << Cells{{2, 2}} << "Append" << allMenuEntries
+                << seconds({1, 2, 3, 4, 5, 0}) << 5 << 15075.0;
+            add("Delete the rows with a selected cell")
+                << 5 << 0 << Cells{{3, 0}, {1, 1}} << "Delete" << allMenuEntries
+                << seconds({1, 3, 5}) << -1 << 9045.0;
+            add("Delete with nothing selected") << 5 << 2 << Cells{} << "Delete" << allMenuEntries
+                                                << seconds({1, 2, 3, 4, 5}) << -1 << 15075.0;
+            add("Clear") << 5 << 1 << Cells{{1, 1}} << "Clear" << allMenuEntries << QStringList()
+                         << -1 << 1.005;
+            // Without a current row there is nothing to insert before or delete, but still all to
+            // clear.
+            add("Clear without a current row")
+                << 3 << -1 << Cells{} << "Clear" << QStringList{"Append", "Clear"} << QStringList()
+                << -1 << 1.005;
+        }
+    }
+    void contextMenu()
+    {
+        QFETCH(int, steps);
+        QFETCH(int, current);
+        QFETCH(Cells, selected);
+        QFETCH(QString, pick);
+        QFETCH(QStringList, enabled);
+        QFETCH(QStringList, times);
+        QFETCH(int, currentAfter);
+        QFETCH(double, axisEnd);
         const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Append"));
+        if (steps > 0)
+            addTimedSteps(table, steps);
+        if (current >= 0)
+            makeCurrent(table, current);
+        for (const auto &cell : selected)
+            selectCell(table, cell.first, cell.second);
+        const ContextMenu menu = rightClick(table, pick);
         QVERIFY(menu.opened);
         QCOMPARE(menu.entries, (QStringList{"Append", "Insert", separator, "Delete", "Clear"}));
-        QCOMPARE(menu.enabled, QStringList{"Append"});
-        QCOMPARE(timeTexts(table), seconds({0}));
-        QCOMPARE(table->currentIndex().row(), 0);
-        QCOMPARE(table->currentIndex().column(), 1);
-        QCOMPARE(valueOf(tab.stepCounter), 1.0);
-    }
-
-    void contextMenuInsertsBeforeTheCurrentRow_data() { addTabRows(); }
-    void contextMenuInsertsBeforeTheCurrentRow()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 5);
-        makeCurrent(table, 2);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Insert"));
-        QCOMPARE(menu.enabled, allMenuEntries);
-        QCOMPARE(table->currentIndex().row(), 2);
-        QCOMPARE(table->currentIndex().column(), 1);
-        QCOMPARE(timeTexts(table), seconds({1, 2, 0, 3, 4, 5}));
-    }
-
-    void contextMenuAppendsAfterTheLastRow_data() { addTabRows(); }
-    void contextMenuAppendsAfterTheLastRow()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 5);
-        makeCurrent(table, 2);
-        selectCell(table, 2, 2);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Append"));
-        QCOMPARE(menu.enabled, allMenuEntries);
-        QCOMPARE(timeTexts(table), seconds({1, 2, 3, 4, 5, 0}));
-        QCOMPARE(table->currentIndex().row(), 5);
-        QCOMPARE(table->currentIndex().column(), 1);
-    }
-
-    // Rows with any selected cell go; the plot's axis follows the 3 s left.
-    void contextMenuDeletesRowsWithSelectedCells_data() { addTabRows(); }
-    void contextMenuDeletesRowsWithSelectedCells()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 5);
-        makeCurrent(table, 0);
-        selectCell(table, 3, 0);
-        selectCell(table, 1, 1);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Delete"));
-        QCOMPARE(menu.enabled, allMenuEntries);
-        QCOMPARE(timeTexts(table), seconds({1, 3, 5}));
-        QCOMPARE(valueOf(tab.stepCounter), 3.0);
-        QCOMPARE(w<QCustomPlot>(tab.plot)->xAxis->range().lower, -45.0);
-        QCOMPARE(w<QCustomPlot>(tab.plot)->xAxis->range().upper, 9045.0);
-    }
-
-    void contextMenuDeletesNothingUnselected_data() { addTabRows(); }
-    void contextMenuDeletesNothingUnselected()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 5);
-        makeCurrent(table, 2);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Delete"));
-        QCOMPARE(menu.enabled, allMenuEntries);
-        QCOMPARE(table->model()->rowCount(), 5);
-    }
-
-    void contextMenuClearsEveryStep_data() { addTabRows(); }
-    void contextMenuClearsEveryStep()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 5);
-        makeCurrent(table, 1);
-        selectCell(table, 1, 1);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Clear"));
-        QCOMPARE(menu.enabled, allMenuEntries);
-        QCOMPARE(table->model()->rowCount(), 0);
-        QCOMPARE(valueOf(tab.stepCounter), 0.0);
-        QCOMPARE(w<QCustomPlot>(tab.plot)->xAxis->range().lower, -0.005);
-        QCOMPARE(w<QCustomPlot>(tab.plot)->xAxis->range().upper, 1.005);
-    }
-
-    // Without a current row there is nothing to insert before or delete, but still all to clear.
-    void contextMenuClearsWithoutACurrentRow_data() { addTabRows(); }
-    void contextMenuClearsWithoutACurrentRow()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        addTimedSteps(table, 3);
-        const ContextMenu menu = rightClick(table, QStringLiteral("Clear"));
-        QCOMPARE(menu.enabled, (QStringList{"Append", "Clear"}));
-        QCOMPARE(table->model()->rowCount(), 0);
-    }
-
-    // The preview goes in before the current row and is selected whole, its first cell current.
-    void previewInsertedBeforeTheCurrentRow_data() { addTabRows(); }
-    void previewInsertedBeforeTheCurrentRow()
-    {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        enter(tab.previewLength, 30);
-        addTimedSteps(table, 10);
-        makeCurrent(table, 4);
-        w<QPushButton>(tab.insert)->click();
-        QCOMPARE(table->model()->rowCount(), 40);
-        QCOMPARE(wholeRowsSelected(table), rowsFrom(4, 33));
-        QCOMPARE(strayCellsSelected(table), 0);
-        QCOMPARE(table->currentIndex().row(), 4);
-        QCOMPARE(table->currentIndex().column(), 0);
-        QCOMPARE(valueOf(tab.stepCounter), 40.0);
-        QCOMPARE(stepTexts(table, 4), tab.firstPreviewStep);
-        QStringList times = seconds({1, 2, 3, 4});
-        for (int step = 0; step < 30; ++step)
-            times << QStringLiteral("1.000");
-        times += seconds({5, 6, 7, 8, 9, 10});
+        QCOMPARE(menu.enabled, enabled);
         QCOMPARE(timeTexts(table), times);
+        if (currentAfter >= 0) {
+            QCOMPARE(table->currentIndex().row(), currentAfter);
+            QCOMPARE(table->currentIndex().column(), 1);
+        }
+        QCOMPARE(valueOf(tab.stepCounter), double(times.size()));
+        QCOMPARE(w<QCustomPlot>(tab.plot)->xAxis->range().upper, axisEnd);
     }
 
-    void previewInsertedAtTheEndWithoutACurrentRow_data() { addTabRows(); }
-    void previewInsertedAtTheEndWithoutACurrentRow()
+    // The preview goes in before the current row, or after the last without one, and is selected
+    // whole, its first cell current.
+    void previewSplicedIn_data()
     {
-        const Tab tab = openOnTheRowsTab();
-        auto *table = w<QTableView>(tab.table);
-        enter(tab.previewLength, 3);
-        addTimedSteps(table, 2);
-        w<QPushButton>(tab.insert)->click();
-        QCOMPARE(stepTexts(table, 2), tab.firstPreviewStep);
-        QCOMPARE(timeTexts(table), seconds({1, 2, 1, 1, 1}));
-        QCOMPARE(wholeRowsSelected(table), rowsFrom(2, 4));
-        QCOMPARE(strayCellsSelected(table), 0);
-        QCOMPARE(valueOf(tab.stepCounter), 5.0);
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("previewLength");
+        QTest::addColumn<int>("steps");
+        QTest::addColumn<int>("current"); // -1: no row is current
+        QTest::addColumn<bool>("insert"); // by the Insert button, or by Append
+        QTest::addColumn<int>("firstAdded");
+        QTest::addColumn<QStringList>("times");
+        const QStringList thirtySeconds = QVector<QString>(30, QStringLiteral("1.000")).toList();
+        for (const UploadMode mode : {List, Delayer}) {
+            const auto add = [mode](const char *name) -> QTestData & {
+                return QTest::addRow("%s: %s", mode == List ? "List" : "Delayer", name)
+                       << int(mode);
+            };
+            add("inserted before the current row")
+                << 30 << 10 << 4 << true << 4
+                << seconds({1, 2, 3, 4}) + thirtySeconds + seconds({5, 6, 7, 8, 9, 10});
+            add("inserted at the end without a current row")
+                << 3 << 2 << -1 << true << 2 << seconds({1, 2, 1, 1, 1});
+            add("appended after the last row")
+                << 3 << 2 << 0 << false << 2 << seconds({1, 2, 1, 1, 1});
+        }
     }
-
-    void previewAppendedAfterTheLastRow_data() { addTabRows(); }
-    void previewAppendedAfterTheLastRow()
+    void previewSplicedIn()
     {
+        QFETCH(int, previewLength);
+        QFETCH(int, steps);
+        QFETCH(int, current);
+        QFETCH(bool, insert);
+        QFETCH(int, firstAdded);
+        QFETCH(QStringList, times);
         const Tab tab = openOnTheRowsTab();
         auto *table = w<QTableView>(tab.table);
-        enter(tab.previewLength, 3);
-        addTimedSteps(table, 2);
-        makeCurrent(table, 0);
-        w<QPushButton>(tab.append)->click();
-        QCOMPARE(stepTexts(table, 2), tab.firstPreviewStep);
-        QCOMPARE(timeTexts(table), seconds({1, 2, 1, 1, 1}));
-        QCOMPARE(wholeRowsSelected(table), rowsFrom(2, 4));
+        enter(tab.previewLength, previewLength);
+        addTimedSteps(table, steps);
+        if (current >= 0)
+            makeCurrent(table, current);
+        w<QPushButton>(insert ? tab.insert : tab.append)->click();
+        QCOMPARE(timeTexts(table), times);
+        QCOMPARE(stepTexts(table, firstAdded), tab.firstPreviewStep);
+        QCOMPARE(wholeRowsSelected(table), rowsFrom(firstAdded, firstAdded + previewLength - 1));
         QCOMPARE(strayCellsSelected(table), 0);
-        QCOMPARE(table->currentIndex().row(), 2);
+        QCOMPARE(table->currentIndex().row(), firstAdded);
         QCOMPARE(table->currentIndex().column(), 0);
+        QCOMPARE(valueOf(tab.stepCounter), double(times.size()));
     }
 
     // The step counter turns red past the instrument's 2048 steps, and back when under again.
