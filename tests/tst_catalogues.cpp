@@ -10,12 +10,6 @@
 
 namespace {
 
-struct Catalogue
-{
-    int messages = 0;
-    QStringList problems;
-};
-
 // The placeholders %1..%99 a text uses, in order of number and without repeats.
 QStringList placeholders(const QString &text)
 {
@@ -32,9 +26,9 @@ QStringList placeholders(const QString &text)
 }
 
 // Reads a .ts catalogue and lists what keeps it from being complete, one line per message.
-Catalogue check(const QByteArray &xml)
+QStringList check(const QByteArray &xml)
 {
-    Catalogue catalogue;
+    QStringList problems;
     QXmlStreamReader reader(xml);
     QString context;
     QString source;
@@ -46,21 +40,20 @@ Catalogue check(const QByteArray &xml)
         } else if (reader.name() == QLatin1String("source")) {
             source = reader.readElementText();
         } else if (reader.name() == QLatin1String("translation")) {
-            ++catalogue.messages;
             const QString type = reader.attributes().value(QLatin1String("type")).toString();
             const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements);
             const QString where = context + QStringLiteral(": \"") + source + QStringLiteral("\"");
             if (!type.isEmpty())
-                catalogue.problems.append(where + QStringLiteral(" is ") + type);
+                problems.append(where + QStringLiteral(" is ") + type);
             else if (text.isEmpty())
-                catalogue.problems.append(where + QStringLiteral(" has no translation"));
+                problems.append(where + QStringLiteral(" has no translation"));
             else if (placeholders(text) != placeholders(source))
-                catalogue.problems.append(where + QStringLiteral(" loses or adds a placeholder"));
+                problems.append(where + QStringLiteral(" loses or adds a placeholder"));
         }
     }
     if (reader.hasError())
-        catalogue.problems.append(QStringLiteral("not XML: ") + reader.errorString());
-    return catalogue;
+        problems.append(QStringLiteral("not XML: ") + reader.errorString());
+    return problems;
 }
 
 QByteArray read(const QString &path)
@@ -83,59 +76,30 @@ class TestCatalogues : public QObject
     Q_OBJECT
 
 private slots:
-    void catalogueIsComplete_data();
-    void catalogueIsComplete();
     void catalogueHoldsEveryTextOfTheSources_data();
     void catalogueHoldsEveryTextOfTheSources();
-
-private:
-    void catalogues();
 };
 
-void TestCatalogues::catalogues()
+void TestCatalogues::catalogueHoldsEveryTextOfTheSources_data()
 {
     QTest::addColumn<QString>("base");
     QTest::addColumn<QString>("language");
     // The English catalogue holds only the texts counted with %n, to give them their singular.
     QTest::addColumn<bool>("pluralsOnly");
-    // Fewer messages than these mean the file was cut short.
-    QTest::addColumn<int>("fewestMessages");
     for (const char *base : {"tarn_programmer", "tarn_bench_host"}) {
         for (const char *language : {"de", "zh_CN"}) {
             QTest::addRow("%s_%s", base, language)
-                << QString::fromLatin1(base) << QString::fromLatin1(language) << false << 90;
+                << QString::fromLatin1(base) << QString::fromLatin1(language) << false;
         }
     }
     QTest::newRow("tarn_bench_host_en") << "tarn_bench_host"
-                                        << "en" << true << 5;
+                                        << "en" << true;
 }
 
-void TestCatalogues::catalogueIsComplete_data()
-{
-    catalogues();
-}
-
-void TestCatalogues::catalogueIsComplete()
-{
-    QFETCH(QString, base);
-    QFETCH(QString, language);
-    QFETCH(int, fewestMessages);
-
-    const QByteArray xml
-        = read(QStringLiteral(TARN_TRANSLATIONS_DIR "/%1_%2.ts").arg(base, language));
-    QVERIFY(!xml.isEmpty());
-    const Catalogue catalogue = check(xml);
-    QVERIFY2(catalogue.messages >= fewestMessages, qPrintable(QString::number(catalogue.messages)));
-    QVERIFY2(catalogue.problems.isEmpty(), qPrintable(catalogue.problems.join(QLatin1Char('\n'))));
-}
-
-void TestCatalogues::catalogueHoldsEveryTextOfTheSources_data()
-{
-    catalogues();
-}
-
-// A text added to the code without refreshing the catalogues (the lupdate target) shows here as
-// unfinished, one removed from it as vanished.
+// The catalogue is checked as lupdate refreshes it from the sources. A text added to the code
+// without refreshing the catalogues (the lupdate target) shows here as unfinished, one removed from
+// it as vanished; what the catalogue itself lacks (an empty translation, a lost placeholder, the
+// messages of a file cut short) comes through the refresh as it was.
 void TestCatalogues::catalogueHoldsEveryTextOfTheSources()
 {
     QFETCH(QString, base);
@@ -163,8 +127,8 @@ void TestCatalogues::catalogueHoldsEveryTextOfTheSources()
     QVERIFY(lupdate.waitForFinished(60000));
     QCOMPARE(lupdate.exitCode(), 0);
 
-    const Catalogue catalogue = check(read(copy));
-    QVERIFY2(catalogue.problems.isEmpty(), qPrintable(catalogue.problems.join(QLatin1Char('\n'))));
+    const QStringList problems = check(read(copy));
+    QVERIFY2(problems.isEmpty(), qPrintable(problems.join(QLatin1Char('\n'))));
 }
 
 QTEST_APPLESS_MAIN(TestCatalogues)
