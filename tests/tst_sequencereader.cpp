@@ -42,7 +42,6 @@ class TestSequenceReader : public QObject
 private slots:
     void initTestCase();
     void filesLargerThanAnySequenceAreRefusedUnread();
-    void builtInChannelHasTheLimitsTheseTestsAssume();
     void refusedFileNamesLineAndReason_data();
     void refusedFileNamesLineAndReason();
     void goodListFileIsRead();
@@ -93,16 +92,6 @@ void TestSequenceReader::filesLargerThanAnySequenceAreRefusedUnread()
     QCOMPARE(error, QStringLiteral("the file does not exist"));
 }
 
-void TestSequenceReader::builtInChannelHasTheLimitsTheseTestsAssume()
-{
-    const StepLimits limits = ch1();
-    QCOMPARE(limits.channelName, QStringLiteral("CH1"));
-    QCOMPARE(limits.voltage.max, 32.0);
-    QCOMPARE(limits.current.max, 3.2);
-    QCOMPARE(limits.timeMin, 0.001);
-    QCOMPARE(limits.maxCount, 2048);
-}
-
 void TestSequenceReader::refusedFileNamesLineAndReason_data()
 {
     QTest::addColumn<QList<QString>>("lines");
@@ -146,13 +135,6 @@ void TestSequenceReader::refusedFileNamesLineAndReason_data()
     QTest::newRow("99 V") << listFile(
         QStringLiteral("Output Off"), QStringLiteral("1"), {QStringLiteral("0,99,1,1")})
                           << QStringLiteral("line 6: voltage 99 V is above CH1's 32 V");
-    QTest::newRow("50 A") << listFile(
-        QStringLiteral("Output Off"), QStringLiteral("1"), {QStringLiteral("0,1,50,1")})
-                          << QStringLiteral("line 6: current 50 A is above CH1's 3.2 A");
-    QTest::newRow("-5 s") << listFile(
-        QStringLiteral("Output Off"), QStringLiteral("1"), {QStringLiteral("0,1,1,-5")})
-                          << QStringLiteral("line 6: time -5 s is below the shortest step of "
-                                            "0.001 s");
     QTest::newRow("no steps") << listFile(QStringLiteral("Output Off"), QStringLiteral("1"), {})
                               << QStringLiteral("line 6: the file holds no steps");
 }
