@@ -159,12 +159,6 @@ void TestSafeEditing::refusedFileKeepsSequenceAndSaysWhy_data()
     // Whatever a UTF-16 head reads as, it is not the head of a List file.
     QTest::newRow("UTF-16") << QByteArray("\xff\xfeL\0I\0S\0T\0,\0\x31\0\x30\0\n\0", 18)
                             << QStringLiteral("line 1: ");
-    QTest::newRow("groups above maxCount")
-        << QByteArray("LIST,10\nCycles,1\nEnd Status,Output Off\nGroups,3000\nNo.\n0,1,1,1\n")
-        << QStringLiteral("line 4: Groups 3000 is above this instrument's 2048");
-    QTest::newRow("nan") << QByteArray("LIST,10\nCycles,1\nEnd Status,Output Off\nGroups,1\nNo.\n"
-                                       "0,nan,1,1\n")
-                         << QStringLiteral("line 6: voltage nan is not a finite number");
 }
 
 void TestSafeEditing::refusedFileKeepsSequenceAndSaysWhy()
