@@ -306,15 +306,11 @@ void TestHostLanguages::fileLoadsTheSameUnderAnotherLanguage_data()
     // A List file never ends with the output on (the loader refuses one), so Lists end off.
     QTest::newRow("list from German in Chinese") << int(UploadMode::List) << "de"
                                                  << "zh_CN" << 7 << "OFF";
-    QTest::newRow("list from German in English") << int(UploadMode::List) << "de"
-                                                 << "en" << 3 << "OFF";
     QTest::newRow("list from Chinese in German, endless") << int(UploadMode::List) << "zh_CN"
                                                           << "de" << 0 << "OFF";
     QTest::newRow("delayer from German in Chinese, ending on the last state")
         << int(UploadMode::Delayer) << "de"
         << "zh_CN" << 12 << "LAST";
-    QTest::newRow("delayer from English in German, ending off") << int(UploadMode::Delayer) << "en"
-                                                                << "de" << 1 << "OFF";
     QTest::newRow("delayer from Chinese in English, ending on")
         << int(UploadMode::Delayer) << "zh_CN"
         << "en" << 99 << "ON";
