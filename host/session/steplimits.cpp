@@ -37,7 +37,9 @@ QString rangeProblem(const QString &quantity,
 
 } // namespace
 
-StepLimits StepLimits::forChannel(const sim::InstrumentDescription &description, int channel)
+StepLimits StepLimits::forChannel(const sim::InstrumentDescription &description,
+                                  int channel,
+                                  const std::optional<InstrumentLimits> &instrument)
 {
     StepLimits limits;
     if (channel >= 0 && channel < description.channels.size()) {
@@ -50,6 +52,12 @@ StepLimits StepLimits::forChannel(const sim::InstrumentDescription &description,
         // Nothing fits a channel that is not there.
         limits.voltage = {1.0, -1.0};
         limits.current = {1.0, -1.0};
+    }
+    if (instrument) {
+        limits.voltage = instrument->voltage;
+        limits.current = instrument->current;
+        limits.overVoltage = instrument->overVoltage;
+        limits.overCurrent = instrument->overCurrent;
     }
     limits.timeMin = description.timeMin;
     limits.timeMax = description.timeMax;
@@ -74,9 +82,15 @@ QString StepLimits::problem(const ListData &step) const
 {
     QString problem = rangeProblem(
         QObject::tr("voltage"), step.voltage, QStringLiteral("V"), voltage, channelName);
+    if (problem.isEmpty() && step.voltage > overVoltage)
+        problem = QObject::tr("voltage %1 V is above %2's over-voltage protection level of %3 V")
+                      .arg(text(step.voltage), channelName, text(overVoltage));
     if (problem.isEmpty())
         problem = rangeProblem(
             QObject::tr("current"), step.current, QStringLiteral("A"), current, channelName);
+    if (problem.isEmpty() && step.current > overCurrent)
+        problem = QObject::tr("current %1 A is above %2's over-current protection level of %3 A")
+                      .arg(text(step.current), channelName, text(overCurrent));
     if (problem.isEmpty())
         problem = timeProblem(step.time);
     return problem;
