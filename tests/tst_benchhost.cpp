@@ -1,20 +1,26 @@
 // Tests of the bench host's upload path, from the dialog through a link to a simulated supply and
-// back: every channel and mode, refusals, time-outs, dropped and refused connections, cancelling.
+// back: every channel and mode, refusals, time-outs, dropped and refused connections, cancelling,
+// the limits the instrument gives and the status it shows.
 #include "benchfixture.h"
 #include "simulatorprocess.h"
 
 #include <dialogprogrammer.h>
+#include <languages.h>
 #include <links/simlink.h>
+#include <session/commandchannel.h>
 #include <session/commandset.h>
 #include <session/instrumentoption.h>
+#include <session/statusmonitor.h>
 #include <supplyengine.h>
 #include <window/benchcontroller.h>
+#include <window/instrumentstatusview.h>
 
 #include <QComboBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -35,6 +41,29 @@ quint16 closedPort()
     return port;
 }
 
+// Tells the simulated supply a line over a connection of its own, before the host connects.
+bool tell(quint16 port, const QByteArray &line)
+{
+    QTcpSocket socket;
+    socket.connectToHost(QHostAddress::LocalHost, port);
+    if (!socket.waitForConnected(3000) || socket.write(line + ";*OPC?\n") < 0)
+        return false;
+    const bool done = socket.waitForReadyRead(3000) && socket.readLine() == "1\n";
+    socket.disconnectFromHost();
+    return done;
+}
+
+// The lines the host sent, in order.
+QByteArrayList sent(const QSignalSpy &traffic)
+{
+    QByteArrayList lines;
+    for (const QList<QVariant> &line : traffic) {
+        if (line.at(0).toBool())
+            lines.append(line.at(1).toByteArray());
+    }
+    return lines;
+}
+
 } // namespace
 
 class TestBenchHost : public QObject
@@ -53,6 +82,11 @@ private slots:
     void uploadWithoutConnectionIsRefused();
     void cancelEndsAtOnceAndTellsWhatTheInstrumentHolds();
     void descriptionWithMissingFieldIsRefusedByName();
+    void instrumentLimitsRefuseBeforeAnyStep_data();
+    void instrumentLimitsRefuseBeforeAnyStep();
+    void instrumentThatDoesNotTellItsLimitsConnects_data();
+    void instrumentThatDoesNotTellItsLimitsConnects();
+    void statusShowsATripAndClearsItOnItsChannel();
 
 private:
     QTemporaryDir m_settings;
@@ -263,6 +297,146 @@ void TestBenchHost::descriptionWithMissingFieldIsRefusedByName()
     QCOMPARE(errors.last(),
              QStringLiteral("tarn_bench_host: %1: field \"maxCount\": is missing").arg(path));
     QVERIFY(!QFile::exists(dir.filePath("x.png")));
+}
+
+void TestBenchHost::instrumentLimitsRefuseBeforeAnyStep_data()
+{
+    QTest::addColumn<double>("ch1MaxVolts"); // as the instrument's own description has it
+    QTest::addColumn<QByteArray>("told");    // to the instrument before the host connects
+    QTest::addColumn<double>("voltage");
+    QTest::addColumn<double>("current");
+    QTest::addColumn<QString>("problem");
+
+    QTest::newRow("the instrument's own maximum")
+        << 20.0 << QByteArray("*CLS") << 25.0 << 1.0 << "voltage 25 V is above CH1's 20 V";
+    QTest::newRow("over-voltage protection")
+        << 32.0 << QByteArray("INST:NSEL 1;VOLT:PROT 12") << 15.0 << 1.0
+        << "voltage 15 V is above CH1's over-voltage protection level of 12 V";
+    QTest::newRow("over-current protection")
+        << 32.0 << QByteArray("INST:NSEL 1;CURR:PROT 3.1") << 5.0 << 3.15
+        << "current 3.15 A is above CH1's over-current protection level of 3.1 A";
+}
+
+void TestBenchHost::instrumentLimitsRefuseBeforeAnyStep()
+{
+    QFETCH(double, ch1MaxVolts);
+    QFETCH(QByteArray, told);
+    QFETCH(double, voltage);
+    QFETCH(double, current);
+    QFETCH(QString, problem);
+
+    QTemporaryDir dir;
+    tarn::sim::InstrumentDescription own = tarn::sim::InstrumentDescription::builtIn();
+    own.channels[0].voltage.max = ch1MaxVolts;
+    QFile file(dir.filePath(QStringLiteral("own.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(own.toJson()) > 0);
+    file.close();
+    Simulator sim({QStringLiteral("--instrument"), file.fileName()});
+    QVERIFY(tell(sim.port, told));
+    Bench bench;
+    QSignalSpy traffic(bench.controller.get(), &BenchController::traffic);
+    QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
+    QCOMPARE(sent(traffic).at(1),
+             QByteArray("INST:NSEL 1;INST:NSEL?;VOLT? MIN;VOLT? MAX;CURR? MIN;CURR? MAX;"
+                        "VOLT:PROT?;CURR:PROT?;*OPC?"));
+    bench.append(UploadMode::List, 1);
+    QAbstractItemModel *table
+        = bench.dialog->findChild<QTableView *>(QStringLiteral("tvList"))->model();
+    QVERIFY(table->setData(table->index(3, 1), voltage));
+    QVERIFY(table->setData(table->index(3, 2), current));
+
+    const UploadOutcome outcome = bench.upload(UploadMode::List);
+    QCOMPARE(outcome.message,
+             QStringLiteral("Not uploaded: 1 step cannot be sent to CH1; the first is step 3: ")
+                 + problem);
+    QCOMPARE(bench.selectedRow(UploadMode::List), 3);
+    for (const QByteArray &line : sent(traffic))
+        QVERIFY2(!line.startsWith("LIST:STEP"), line.constData());
+}
+
+void TestBenchHost::instrumentThatDoesNotTellItsLimitsConnects_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("voltageLimit"); // the host's word for the query
+    QTest::addColumn<QString>("upload");       // of a step of 25 V on CH1; empty: none
+
+    QTest::newRow("a query it does not know") << QStringList() << "VOLT:RANGE? %1"
+                                              << "Verified 30 steps on CH1";
+    QTest::newRow("no answer") << QStringList{"--silent-after", "1"} << "VOLT? %1"
+                               << "";
+}
+
+void TestBenchHost::instrumentThatDoesNotTellItsLimitsConnects()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, voltageLimit);
+    QFETCH(QString, upload);
+
+    Simulator sim(options);
+    Bench bench;
+    QString error;
+    const auto commands = CommandSet::fromOverrides({{"voltageLimit", voltageLimit}}, &error);
+    QVERIFY2(commands, qPrintable(error));
+    bench.controller
+        = std::make_unique<BenchController>(bench.dialog.get(), bench.description, *commands);
+    bench.controller->channel()->setReplyTimeout(300);
+    QSignalSpy states(bench.controller.get(), &BenchController::stateChanged);
+    const QString address = QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port);
+    QVERIFY(bench.connectTo(address));
+    QCOMPARE(states.last().at(1).toString(),
+             QStringLiteral("Connected to %1; it did not tell its limits, so those of the "
+                            "instrument description apply")
+                 .arg(address));
+    QVERIFY(!bench.controller->instrumentLimits(1));
+    if (upload.isEmpty())
+        return;
+    // The host cleared the errors its own queries left, so none is shown as waiting.
+    QTRY_VERIFY(bench.controller->statusMonitor()->status().known);
+    QCOMPARE(bench.controller->statusMonitor()->status().errors, 0);
+    bench.append(UploadMode::List, 1);
+    QAbstractItemModel *table
+        = bench.dialog->findChild<QTableView *>(QStringLiteral("tvList"))->model();
+    QVERIFY(table->setData(table->index(3, 1), 25.0));
+    QCOMPARE(bench.upload(UploadMode::List).message, upload);
+}
+
+void TestBenchHost::statusShowsATripAndClearsItOnItsChannel()
+{
+    const QList<QTranslator *> english = installTranslators(QLocale(QLocale::English));
+    Bench bench;
+    QStringList names;
+    for (const auto &channel : bench.description.channels)
+        names << channel.name;
+    InstrumentStatusView view(bench.controller->statusMonitor(), names, nullptr);
+    QSignalSpy traffic(bench.controller.get(), &BenchController::traffic);
+    QVERIFY(bench.connectTo(QStringLiteral("sim:")));
+    QTRY_COMPARE(view.text(), QStringLiteral("No trips, no errors"));
+
+    // CH1 plays its sequence while CH2 trips; looking at every channel must leave CH1 selected.
+    bench.append(UploadMode::List, 1);
+    QVERIFY(bench.upload(UploadMode::List).verified);
+    bench.controller->runSession()->start(1, true);
+    bench.controller->channel()->send("INST:NSEL 2;VOLT:PROT 4;VOLT 5;OUTP ON;INST:NSEL 1");
+    bench.controller->statusMonitor()->refresh();
+    QTRY_COMPARE(view.text(),
+                 QStringLiteral("Protection tripped: CH2 over-voltage; 1 error waiting"));
+    QByteArray details;
+    for (const QByteArray &line : sent(traffic)) {
+        if (line.startsWith("SYST:ERR:COUN?"))
+            details = line;
+    }
+    QVERIFY2(details.endsWith(";INST:NSEL 6;VOLT:PROT:TRIP?;CURR:PROT:TRIP?;INST:NSEL 1;*OPC?"),
+             details.constData());
+
+    auto *clear = view.findChild<QPushButton *>(QStringLiteral("clearTrip"));
+    QVERIFY(clear->isVisibleTo(&view));
+    clear->click();
+    QVERIFY(sent(traffic).contains("INST:NSEL 2;OUTP:PROT:CLE;INST:NSEL 1"));
+    QTRY_COMPARE(view.text(), QStringLiteral("1 error waiting"));
+    QVERIFY(!clear->isVisibleTo(&view));
+    QVERIFY(bench.controller->runSession()->isRunning());
+    bench.controller->runSession()->stop();
+    qDeleteAll(english);
 }
 
 QTEST_MAIN(TestBenchHost)

@@ -70,12 +70,13 @@ void TestHostFaults::linkDropsAtEachPhase_data()
     QTest::addColumn<int>("dropAfter");
     QTest::addColumn<QString>("message");
 
-    // An upload of 30 steps takes 6 lines to start, 30 steps and one error query, then the
-    // read-back; a run takes 3 lines to start and 4 a poll.
-    QTest::newRow("starting") << 3 << "The connection was lost during the upload";
-    QTest::newRow("mid-upload") << 20 << "The connection was lost during the upload";
-    QTest::newRow("verifying") << 38 << "The connection was lost during the upload";
-    QTest::newRow("running") << 50 << "The connection was lost during the run";
+    // Connecting takes 8 lines: the identity, the limits of each of the 6 channels and a look at
+    // the status. An upload of 30 steps takes 6 lines to start, 30 steps and one error query,
+    // then the read-back and a look at the status; a run takes 4 lines to start and 4 a poll.
+    QTest::newRow("starting") << 10 << "The connection was lost during the upload";
+    QTest::newRow("mid-upload") << 27 << "The connection was lost during the upload";
+    QTest::newRow("verifying") << 45 << "The connection was lost during the upload";
+    QTest::newRow("running") << 57 << "The connection was lost during the run";
 }
 
 void TestHostFaults::linkDropsAtEachPhase()

@@ -224,6 +224,14 @@
             <numerusform>%n Schritte löschen</numerusform>
         </translation>
     </message>
+    <message>
+        <source>voltage %1 V is above %2&apos;s over-voltage protection level of %3 V</source>
+        <translation>Spannung %1 V liegt über dem Überspannungsschutz von %2 (%3 V)</translation>
+    </message>
+    <message>
+        <source>current %1 A is above %2&apos;s over-current protection level of %3 A</source>
+        <translation>Strom %1 A liegt über dem Überstromschutz von %2 (%3 A)</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::BenchController</name>
@@ -279,12 +287,58 @@ Nur die ersten %2 Schritte übertragen?</translation>
         <source>Not uploaded: the sequence is longer than the instrument holds</source>
         <translation>Nicht übertragen: die Sequenz ist länger, als das Gerät fasst</translation>
     </message>
+    <message>
+        <source>Connected to %1; it did not tell its limits, so those of the instrument description apply</source>
+        <translation>Verbunden mit %1; das Gerät nennt seine Grenzen nicht, daher gelten die der Gerätebeschreibung</translation>
+    </message>
+    <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>Nicht übertragen: die Verbindung wird noch aufgebaut; nach dem Verbinden übertragen</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::InstrumentLink</name>
     <message>
         <source>The instrument sent a reply longer than %1 bytes</source>
         <translation>Das Gerät hat eine Antwort mit mehr als %1 Bytes gesendet</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::InstrumentStatusView</name>
+    <message>
+        <source>Clear Trip</source>
+        <translation>Auslösung zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1 over-voltage and over-current</source>
+        <translation>%1 Überspannung und Überstrom</translation>
+    </message>
+    <message>
+        <source>%1 over-voltage</source>
+        <translation>%1 Überspannung</translation>
+    </message>
+    <message>
+        <source>%1 over-current</source>
+        <translation>%1 Überstrom</translation>
+    </message>
+    <message>
+        <source>Protection tripped: %1</source>
+        <translation>Schutz ausgelöst: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors waiting</source>
+        <translation>
+            <numerusform>%n Fehler wartet</numerusform>
+            <numerusform>%n Fehler warten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No trips, no errors</source>
+        <translation>Kein Schutz ausgelöst, keine Fehler</translation>
+    </message>
+    <message>
+        <source>Clears the tripped protection of %1; the output stays off until it is switched on again</source>
+        <translation>Setzt den ausgelösten Schutz von %1 zurück; der Ausgang bleibt aus, bis er wieder eingeschaltet wird</translation>
     </message>
 </context>
 <context>

@@ -26,6 +26,16 @@
     </message>
 </context>
 <context>
+    <name>tarn::host::InstrumentStatusView</name>
+    <message numerus="yes">
+        <source>%n errors waiting</source>
+        <translation>
+            <numerusform>%n error waiting</numerusform>
+            <numerusform>%n errors waiting</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::SequenceEditor</name>
     <message numerus="yes">
         <source>Copied %n steps</source>

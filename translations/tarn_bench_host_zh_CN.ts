@@ -221,6 +221,14 @@
             <numerusform>删除 %n 步</numerusform>
         </translation>
     </message>
+    <message>
+        <source>voltage %1 V is above %2&apos;s over-voltage protection level of %3 V</source>
+        <translation>电压 %1 V 高于 %2 的过压保护值 %3 V</translation>
+    </message>
+    <message>
+        <source>current %1 A is above %2&apos;s over-current protection level of %3 A</source>
+        <translation>电流 %1 A 高于 %2 的过流保护值 %3 A</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::BenchController</name>
@@ -276,12 +284,57 @@ Upload only the first %2 steps?</source>
         <source>Not uploaded: the sequence is longer than the instrument holds</source>
         <translation>未上传：序列超出了仪器可容纳的步数</translation>
     </message>
+    <message>
+        <source>Connected to %1; it did not tell its limits, so those of the instrument description apply</source>
+        <translation>已连接到 %1；仪器未告知其限值，因此采用仪器描述中的限值</translation>
+    </message>
+    <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>未上传：仍在连接中；连接后再上传</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::InstrumentLink</name>
     <message>
         <source>The instrument sent a reply longer than %1 bytes</source>
         <translation>仪器发送的应答超过 %1 字节</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::InstrumentStatusView</name>
+    <message>
+        <source>Clear Trip</source>
+        <translation>清除保护</translation>
+    </message>
+    <message>
+        <source>%1 over-voltage and over-current</source>
+        <translation>%1 过压和过流</translation>
+    </message>
+    <message>
+        <source>%1 over-voltage</source>
+        <translation>%1 过压</translation>
+    </message>
+    <message>
+        <source>%1 over-current</source>
+        <translation>%1 过流</translation>
+    </message>
+    <message>
+        <source>Protection tripped: %1</source>
+        <translation>保护已触发：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors waiting</source>
+        <translation>
+            <numerusform>%n 个错误待读取</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No trips, no errors</source>
+        <translation>无保护触发，无错误</translation>
+    </message>
+    <message>
+        <source>Clears the tripped protection of %1; the output stays off until it is switched on again</source>
+        <translation>清除 %1 已触发的保护；输出保持关闭，直到再次打开</translation>
     </message>
 </context>
 <context>

@@ -5,9 +5,10 @@
 #include "links/linkfactory.h"
 #include "prompter.h"
 #include "session/commandchannel.h"
+#include "session/limitsprobe.h"
 #include "session/preflight.h"
 #include "session/replyparser.h"
-#include "session/steplimits.h"
+#include "session/statusmonitor.h"
 
 #include <dialogprogrammer.h>
 
@@ -30,6 +31,8 @@ BenchController::BenchController(DialogProgrammer *dialog,
     , m_channel(new CommandChannel(this))
     , m_session(new UploadSession(m_channel, description, commands, this))
     , m_run(new RunSession(m_channel, description, commands, this))
+    , m_probe(new LimitsProbe(m_channel, commands, this))
+    , m_status(new StatusMonitor(m_channel, commands, description.channels.size(), this))
     , m_connectTimer(new QTimer(this))
 {
     qRegisterMetaType<tarn::host::BenchController::State>();
@@ -40,11 +43,22 @@ BenchController::BenchController(DialogProgrammer *dialog,
     connect(m_channel, &CommandChannel::traffic, this, &BenchController::traffic);
     connect(m_channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
     connect(m_channel, &CommandChannel::replyTimedOut, m_run, &RunSession::replyTimedOut);
+    connect(m_channel, &CommandChannel::replyTimedOut, m_probe, &LimitsProbe::replyTimedOut);
+    connect(m_channel, &CommandChannel::replyTimedOut, m_status, &StatusMonitor::replyTimedOut);
     connect(m_session, &UploadSession::verified, m_run, &RunSession::remember);
+    connect(m_probe, &LimitsProbe::finished, this, &BenchController::limitsRead);
+    m_status->setChannelInUse([this] { return m_run->isRunning() ? m_run->current().channel : 0; });
+    // The status is not read during an upload, whose line count and pace stay its own; it is read
+    // again once the upload has ended.
+    connect(this, &BenchController::uploadEnded, this, [this] {
+        if (m_state == State::Connected)
+            m_status->setPolling(true);
+    });
 
     connect(dialog, &DialogProgrammer::uploaderStarted, this, [this](const UploadParam &param) {
         // The instrument refuses to change a sequence while it plays; a new upload ends the run.
         m_run->stop();
+        m_status->setPolling(false);
         m_uploading = true;
         m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
@@ -150,8 +164,26 @@ void BenchController::linkOpened()
         m_connectTimer->stop();
         const auto identity = reply::parseIdentity(line);
         m_identity = identity.value_or(tr("(no identity)"));
-        setState(State::Connected, tr("Connected to %1").arg(m_link->address()));
+        m_probe->start(m_description.channels.size());
     });
+}
+
+void BenchController::limitsRead()
+{
+    if (!m_link)
+        return;
+    setState(State::Connected,
+             m_probe->answeredAny()
+                 ? tr("Connected to %1").arg(m_link->address())
+                 : tr("Connected to %1; it did not tell its limits, so those of the instrument "
+                      "description apply")
+                       .arg(m_link->address()));
+    m_status->setPolling(true);
+}
+
+std::optional<InstrumentLimits> BenchController::instrumentLimits(int channel) const
+{
+    return m_probe->limits(channel);
 }
 
 void BenchController::linkFailed(const QString &reason)
@@ -166,6 +198,8 @@ void BenchController::linkFailed(const QString &reason)
         m_link.release()->deleteLater();
     }
     m_identity.clear();
+    m_probe->clear();
+    m_status->forget();
     m_session->linkLost(reason);
     m_run->linkLost(reason);
     setState(State::Disconnected,
@@ -180,6 +214,8 @@ void BenchController::disconnectFromInstrument()
         return;
     m_session->linkLost(tr("disconnected by the user"));
     m_run->linkLost(tr("disconnected by the user"));
+    m_probe->clear();
+    m_status->forget();
     m_channel->setLink(nullptr);
     m_link->disconnect(this);
     m_link->close();
@@ -197,7 +233,14 @@ bool BenchController::preflight(const UploadParam &param)
 {
     if (!m_dialog)
         return false;
-    const StepLimits limits = StepLimits::forChannel(m_description, param.channel - 1);
+    // The limits the instrument gave are read while connecting; an upload does not go ahead of
+    // them, nor compete with their replies.
+    if (m_state == State::Connecting) {
+        refuseUpload({false, tr("Not uploaded: still connecting; upload once connected"), -1, -1});
+        return false;
+    }
+    const StepLimits limits
+        = StepLimits::forChannel(m_description, param.channel - 1, m_probe->limits(param.channel));
     const bool list = param.mode == UploadMode::List;
     const Preflight check = list ? Preflight::check(m_dialog->listSequence(), limits)
                                  : Preflight::check(m_dialog->delayerSequence(), limits);

@@ -3,6 +3,7 @@
 
 #include "session/commandset.h"
 #include "session/runsession.h"
+#include "session/steplimits.h"
 #include "session/uploadsession.h"
 
 #include <instrumentdescription.h>
@@ -22,7 +23,9 @@ namespace tarn::host {
 
 class CommandChannel;
 class InstrumentLink;
+class LimitsProbe;
 class Prompter;
+class StatusMonitor;
 
 // BenchController owns the link to the instrument and the upload session, and wires the dialog's
 // upload signals to the session. It has no widgets of its own, so the whole path from the dialog
@@ -50,6 +53,9 @@ public:
     InstrumentLink *link() const;
     CommandChannel *channel() const { return m_channel; }
     RunSession *runSession() const { return m_run; }
+    StatusMonitor *statusMonitor() const { return m_status; }
+    // What the connected instrument said `channel` (from 1) accepts; nothing when it did not say.
+    std::optional<InstrumentLimits> instrumentLimits(int channel) const;
 
     bool isUploading() const { return m_uploading; }
     void cancelUpload();
@@ -72,6 +78,7 @@ private:
     void setState(State state, const QString &message);
     void linkFailed(const QString &reason);
     void linkOpened();
+    void limitsRead();
     void showOutcome(const UploadOutcome &outcome);
     // The check before any step leaves: false when the upload is refused or the user declined.
     bool preflight(const tarn2::specific::orvo5000::programmer::UploadParam &param);
@@ -84,6 +91,8 @@ private:
     CommandChannel *m_channel;
     UploadSession *m_session;
     RunSession *m_run;
+    LimitsProbe *m_probe;
+    StatusMonitor *m_status;
     QTimer *m_connectTimer;
     State m_state = State::Disconnected;
     QString m_address;

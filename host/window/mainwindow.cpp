@@ -1,6 +1,7 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
 
+#include "instrumentstatusview.h"
 #include "runview.h"
 #include "sequenceeditor.h"
 #include "sequencefiles.h"
@@ -87,7 +88,7 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
                 showRunView();
         });
 
-    createConnectionBar();
+    createConnectionBar(description);
     createMenus();
     createStatusBar();
     connect(m_controller, &BenchController::stateChanged, this, &MainWindow::showState);
@@ -113,7 +114,7 @@ bool MainWindow::openSequenceFile(const QString &path)
     return m_files->openFile(path);
 }
 
-void MainWindow::createConnectionBar()
+void MainWindow::createConnectionBar(const sim::InstrumentDescription &description)
 {
     auto *bar = addToolBar(tr("Connection"));
     bar->setObjectName(QStringLiteral("connectionBar"));
@@ -144,6 +145,13 @@ void MainWindow::createConnectionBar()
     m_identity->setObjectName(QStringLiteral("identity"));
     m_identity->setTextInteractionFlags(Qt::TextSelectableByMouse);
     bar->addWidget(m_identity);
+    bar->addSeparator();
+    QStringList channelNames;
+    for (const sim::ChannelDescription &channel : description.channels)
+        channelNames << channel.name;
+    m_status = new InstrumentStatusView(m_controller->statusMonitor(), channelNames, bar);
+    m_status->setObjectName(QStringLiteral("instrumentStatusView"));
+    bar->addWidget(m_status);
 
     connect(
         m_connect, &QPushButton::clicked, this, [this] { connectTo(m_address->currentText()); });

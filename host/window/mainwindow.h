@@ -19,6 +19,7 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
+class InstrumentStatusView;
 class Prompter;
 class SequenceEditor;
 class SequenceFiles;
@@ -55,7 +56,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void createConnectionBar();
+    void createConnectionBar(const sim::InstrumentDescription &description);
     void createMenus();
     void createStatusBar();
     void showState(BenchController::State state, const QString &message);
@@ -74,6 +75,7 @@ private:
     QPushButton *m_disconnect;
     QLabel *m_state;
     QLabel *m_identity;
+    InstrumentStatusView *m_status;
     QLabel *m_progress;
     QPushButton *m_cancel;
     std::unique_ptr<Prompter> m_ownPrompter;
