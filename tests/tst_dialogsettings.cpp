@@ -76,11 +76,6 @@ private slots:
             << ini(variant(QByteArray::fromHex("00000007") + listBytes.mid(4, 7 * 105))) << "Sine"
             << 30.0 << "Increase";
         QTest::newRow("list type 9") << ini(variant(listBytes), 9) << "Sine" << 30.0 << "Increase";
-        QTest::newRow("cut in the fifth template")
-            << ini(variant(listBytes.left(4 + 4 * 105 + 50))) << "Sine" << 30.0 << "Increase";
-        QTest::newRow("count 0x7fffffff")
-            << ini(variant(QByteArray::fromHex("7fffffff") + listBytes.mid(4))) << "Sine" << 30.0
-            << "Increase";
         QTest::newRow("garbage") << ini("\\0\\xff@@Variant(\\x1\\x2") << "Sine" << 30.0
                                  << "Increase";
     }
