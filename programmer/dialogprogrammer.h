@@ -54,6 +54,10 @@ public:
     QList<ListData> listLoadData(const QString &path);
     bool delayerSaveData(const QString &path, const QList<DelayerData> &datas);
     QList<DelayerData> delayerLoadData(const QString &path);
+    // The most bytes the head and `maxCount` step lines of a sequence file can take, far beyond
+    // what any saver writes: the loaders read no more than those lines, and refuse a file whose
+    // lines need more bytes than this as unreadable.
+    static qint64 sequenceFileBound(int maxCount);
     // The sequences the tables show, read-only, for a host's checks, undo and copy.
     const QList<ListData> &listSequence() const;
     const QList<DelayerData> &delayerSequence() const;

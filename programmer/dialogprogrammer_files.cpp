@@ -9,6 +9,8 @@
 
 #include <character.h>
 
+#include <limits>
+
 namespace tarn2::specific::orvo5000::programmer {
 
 using tarn2::util::character::Character;
@@ -109,6 +111,21 @@ private:
 };
 
 // The step lines that are read: at most maxCount of them, the rest is cut without a message.
+int maxCount()
+{
+    return Helper::getInstance().option.maxCount;
+}
+
+// The lines a load can use, and no more: the head and at most maxCount step lines.
+QList<QString> loadLines(const QString &path)
+{
+    const int count = qMax(0, maxCount());
+    const int lines = count > std::numeric_limits<int>::max() - kHeaderLines
+                          ? std::numeric_limits<int>::max()
+                          : kHeaderLines + count;
+    return Character::csvLoad(path, lines, DialogProgrammer::sequenceFileBound(count));
+}
+
 int stepLineCount(const QList<QString> &lines)
 {
     return qMax(0, qMin(lines.size() - kHeaderLines, Helper::getInstance().option.maxCount));
@@ -155,9 +172,14 @@ bool DialogProgrammer::delayerSaveData(const QString &path, const QList<DelayerD
     return Character::csvSave(path, lines);
 }
 
+qint64 DialogProgrammer::sequenceFileBound(int maxCount)
+{
+    return (qint64{1} << 20) + static_cast<qint64>(qMax(0, maxCount)) * 256;
+}
+
 QList<ListData> DialogProgrammer::listLoadData(const QString &path)
 {
-    const QList<QString> lines = Character::csvLoad(path);
+    const QList<QString> lines = loadLines(path);
     FileHeader header;
     // A list file never ends with the output on: this format version refuses it.
     if (!readHeader(lines,
@@ -184,7 +206,7 @@ QList<ListData> DialogProgrammer::listLoadData(const QString &path)
 
 QList<DelayerData> DialogProgrammer::delayerLoadData(const QString &path)
 {
-    const QList<QString> lines = Character::csvLoad(path);
+    const QList<QString> lines = loadLines(path);
     FileHeader header;
     if (!readHeader(
             lines,

@@ -7,6 +7,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include <sys/resource.h>
+
 using namespace tarn2::specific::orvo5000::programmer;
 
 #ifdef __SANITIZE_ADDRESS__
@@ -14,6 +16,14 @@ constexpr qint64 kBudgetMsec = 10000; // the sanitizers slow parsing down tenfol
 #else
 constexpr qint64 kBudgetMsec = 1000;
 #endif
+
+// The most memory this process has held at once so far.
+long peakResidentKiB()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
+}
 
 // A table row as a failed comparison prints it.
 char *toString(const QStringList &cells)
@@ -233,11 +243,6 @@ private slots:
                                                                 "0,1,1,1",
                                                                 "1,2,2,2"}
                                               << QList<QStringList>{{"2", "2", "2"}} << 5 << "OFF";
-        // Files no user should feed in load at most the maximum, and quickly.
-        QTest::newRow("a million steps")
-            << listHead + QVector<QByteArray>(1000000, "0,1.000,0.500,0.010").toList()
-            << QList<QStringList>{{"1", "0.5", "0.01"}, {"1", "0.5", "0.01"}, {"1", "0.5", "0.01"}}
-            << 1 << "OFF";
         const QByteArray wide = "0." + QByteArray(9998, '7');
         QTest::newRow("wide fields")
             << listHead + QByteArrayList{wide + ",1,2," + wide, "1," + wide}
@@ -264,6 +269,58 @@ private slots:
         QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, cycles);
         QCOMPARE(dialog->getUploadParamFromUI(tab).endState, endState);
         verifyCounterAndSelection();
+    }
+
+    void oversizedFile_data()
+    {
+        QTest::addColumn<UploadMode>("mode");
+        QTest::addColumn<QByteArray>("head");
+        QTest::addColumn<QByteArray>("line"); // repeated up to the size; NULs when empty
+        QTest::addColumn<qint64>("size");
+        QTest::addColumn<int>("steps");
+
+        const QByteArray head = listHead.join('\n') + '\n';
+        QTest::newRow("1.2 GB of NULs") << UploadMode::Delayer << QByteArray() << QByteArray()
+                                        << qint64{1200} * 1000 * 1000 << 0;
+        QTest::newRow("one 300 MB line")
+            << UploadMode::List << head << QByteArray() << qint64{300} * 1000 * 1000 << 0;
+        QTest::newRow("200 MB of steps")
+            << UploadMode::List << head << QByteArray("0,1.000,0.500,0.010\n")
+            << qint64{200} * 1000 * 1000 << 3;
+    }
+
+    // Files no user should feed in: the loaders read no further than the steps they can use and
+    // refuse a file whose lines are longer than any sequence's, quickly and in little memory.
+    void oversizedFile()
+    {
+        QFETCH(UploadMode, mode);
+        QFETCH(QByteArray, head);
+        QFETCH(QByteArray, line);
+        QFETCH(qint64, size);
+        QFETCH(int, steps);
+        openTab(mode);
+        QFile out(path);
+        QVERIFY(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        out.write(head);
+        if (!line.isEmpty()) {
+            const QByteArray block = line.repeated(qMax(1, (1 << 20) / line.size()));
+            while (out.size() < size)
+                QCOMPARE(out.write(block), block.size());
+        }
+        QVERIFY(out.resize(size)); // the rest a hole of NULs that costs no disk
+        out.close();
+
+        const long peakBefore = peakResidentKiB();
+        const QDeadlineTimer budget(kBudgetMsec);
+        const int loaded = mode == UploadMode::List ? dialog->listLoadData(path).size()
+                                                    : dialog->delayerLoadData(path).size();
+        QVERIFY2(!budget.hasExpired(), qPrintable(QString::number(budget.remainingTime())));
+        QCOMPARE(loaded, steps);
+#ifndef __SANITIZE_ADDRESS__
+        QVERIFY2(peakResidentKiB() - peakBefore < 64 * 1024,
+                 qPrintable(QString::number(peakResidentKiB() - peakBefore)));
+#endif
+        QVERIFY(out.remove());
     }
 
     void roundTrip_data()

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <limits>
+
 namespace tarn2::util::character {
 
 bool Character::csvSave(const QString &path, const QList<QString> &lines)
@@ -29,26 +31,45 @@ bool Character::csvSave(const QString &path, const QList<QString> &lines)
 
 QList<QString> Character::csvLoad(const QString &path)
 {
+    // Far beyond any sequence file, and below what one string of the file's text could hold.
+    return csvLoad(path, std::numeric_limits<int>::max(), qint64{256} << 20);
+}
+
+QList<QString> Character::csvLoad(const QString &path, int maxLines, qint64 maxBytes)
+{
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return {};
 
     QList<QString> lines;
-    int begin = 0;
-    const int size = bytes.size();
-    while (begin < size) {
-        int end = bytes.indexOf('\n', begin);
-        const int next = end < 0 ? size : end + 1;
-        if (end < 0)
-            end = size;
-        int stop = end;
-        if (stop > begin && bytes.at(stop - 1) == '\r')
+    QByteArray pending; // the start of a line whose end has not been read yet
+    qint64 consumed = 0;
+    constexpr qint64 chunk = qint64{1} << 16;
+    while (lines.size() < maxLines) {
+        const QByteArray piece = file.read(chunk);
+        if (file.error() != QFileDevice::NoError)
+            return {};
+        if (piece.isEmpty())
+            break;
+        pending += piece;
+        int begin = 0;
+        for (int end = pending.indexOf('\n'); end >= 0 && lines.size() < maxLines;
+             end = pending.indexOf('\n', begin)) {
+            const int stop = end > begin && pending.at(end - 1) == '\r' ? end - 1 : end;
+            lines.append(QString::fromUtf8(pending.constData() + begin, stop - begin));
+            consumed += end + 1 - begin;
+            begin = end + 1;
+        }
+        pending.remove(0, begin);
+        if (consumed + pending.size() > maxBytes)
+            return {};
+    }
+    // A last line without its terminator still counts.
+    if (lines.size() < maxLines && !pending.isEmpty()) {
+        int stop = pending.size();
+        if (pending.endsWith('\r'))
             --stop;
-        lines.append(QString::fromUtf8(bytes.constData() + begin, stop - begin));
-        begin = next;
+        lines.append(QString::fromUtf8(pending.constData(), stop));
     }
     return lines;
 }

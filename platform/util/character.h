@@ -20,6 +20,10 @@ public:
     // The file's lines without their "\n" or "\r\n", untrimmed; an empty list when the file
     // cannot be read.
     static QList<QString> csvLoad(const QString &path);
+    // The first `maxLines` lines of the file, read no further than them. When they take more than
+    // `maxBytes` bytes the file counts as unreadable (an empty list), and no more than `maxBytes`
+    // + 64 KiB of it are ever read.
+    static QList<QString> csvLoad(const QString &path, int maxLines, qint64 maxBytes);
 };
 
 } // namespace tarn2::util::character
