@@ -280,6 +280,9 @@ void TestHostFaults::randomSequencesUploadAndReadBackExactly()
             QVERIFY(list->setData(list->index(row, 3), within(random, 0.001, 500.0, 3)));
         }
         QVERIFY(bench.upload(UploadMode::List).verified);
+        QCOMPARE(sim->engine().repeat(channel - 1, tarn::sim::SequenceMode::List), 0);
+        QCOMPARE(sim->engine().endState(channel - 1, tarn::sim::SequenceMode::List),
+                 tarn::sim::EndState::Off);
         const auto &held = sim->engine().listSteps(channel - 1);
         QCOMPARE(held.size(), list->rowCount());
         for (int row = 0; row < list->rowCount(); ++row) {
