@@ -49,8 +49,7 @@ quint8 StatusRegisters::statusByte(bool errorsWaiting, bool messageAvailable) co
         byte |= EventSummary;
     if (operation.summary())
         byte |= OperationSummary;
-    // The master summary never feeds itself, whatever the enable register holds for bit 6.
-    if (byte & serviceRequestEnable & ~MasterSummary)
+    if (byte & serviceRequestEnable)
         byte |= MasterSummary;
     return byte;
 }

@@ -54,7 +54,20 @@ private slots:
     void endStateAppliesWhenTheRunEnds();
     void delayerSwitchesTheOutput();
     void endlessRunStopsOnlyOnCommand();
+    void outputOffEndsARun_data();
     void outputOffEndsARun();
+    void eachErrorSetsTheEventBitOfItsClass_data();
+    void eachErrorSetsTheEventBitOfItsClass();
+    void statusByteSummarisesTheEnabledBits_data();
+    void statusByteSummarisesTheEnabledBits();
+    void operationEventsLatchARunBetweenTwoLooks();
+    void minMaxAndDefaultStandForTheChannelsLimits_data();
+    void minMaxAndDefaultStandForTheChannelsLimits();
+    void protectionTripsAsTheOutputChanges_data();
+    void protectionTripsAsTheOutputChanges();
+    void protectionTripsWhenAPlayingStepGoesAbove_data();
+    void protectionTripsWhenAPlayingStepGoesAbove();
+    void selfTestLeavesTheSupplyAsItWas();
 };
 
 void TestSupplyEngine::refusedRequestsChangeNothing_data()
@@ -170,9 +183,10 @@ void TestSupplyEngine::refusedRequestsChangeNothing_data()
         << QByteArray("VOLT 5") << QByteArray("VOLT 32.01")
         << QByteArray("-222,\"Data out of range;voltage 32.01 is outside 0..32\"")
         << QByteArray("VOLT?") << QByteArray("5.000");
+    // A quote in the detail would end the error's string early; it comes back as an apostrophe.
     QTest::newRow("unknown channel name")
-        << QByteArray("INST CH2") << QByteArray("INST CH9")
-        << QByteArray("-224,\"Illegal parameter value;no channel named CH9\"")
+        << QByteArray("INST CH2") << QByteArray("INST 'CH\"9'")
+        << QByteArray("-224,\"Illegal parameter value;no channel named CH'9\"")
         << QByteArray("INST?") << QByteArray("CH2");
     QTest::newRow("channel number beyond the last")
         << QByteArray("INST:NSEL 3") << QByteArray("INST:NSEL 7")
@@ -270,13 +284,13 @@ void TestSupplyEngine::loadDecidesConstantVoltageOrCurrent_data()
     QTest::addColumn<QByteArray>("measured");
 
     QTest::newRow("constant voltage")
-        << 10.0 << QByteArray("VOLT 5;CURR 1;OUTP ON") << QByteArray("5.000;0.500");
+        << 10.0 << QByteArray("VOLT 5;CURR 1;OUTP ON") << QByteArray("5.000;0.500;2.500");
     QTest::newRow("constant current")
-        << 10.0 << QByteArray("VOLT 20;CURR 0.5;OUTP ON") << QByteArray("5.000;0.500");
+        << 10.0 << QByteArray("VOLT 20;CURR 0.5;OUTP ON") << QByteArray("5.000;0.500;2.500");
     QTest::newRow("exactly at the corner")
-        << 4.0 << QByteArray("VOLT 8;CURR 2;OUTP ON") << QByteArray("8.000;2.000");
+        << 4.0 << QByteArray("VOLT 8;CURR 2;OUTP ON") << QByteArray("8.000;2.000;16.000");
     QTest::newRow("output off") << 10.0 << QByteArray("VOLT 5;CURR 1;OUTP OFF")
-                                << QByteArray("0.000;0.000");
+                                << QByteArray("0.000;0.000;0.000");
 }
 
 void TestSupplyEngine::loadDecidesConstantVoltageOrCurrent()
@@ -288,7 +302,7 @@ void TestSupplyEngine::loadDecidesConstantVoltageOrCurrent()
     Supply supply;
     supply.engine.setLoad(ohms);
     supply.send(setup);
-    QCOMPARE(supply.send("MEAS:VOLT?;MEAS:CURR?"), measured);
+    QCOMPARE(supply.send("MEAS:VOLT?;MEAS:CURR?;MEAS:POW?"), measured);
 }
 
 void TestSupplyEngine::listPlaysInRealTimeTimesTheSpeed_data()
@@ -388,12 +402,238 @@ void TestSupplyEngine::endlessRunStopsOnlyOnCommand()
     QCOMPARE(supply.send("LIST:STAT?;OUTP?;LIST:POS?"), QByteArray("STOP;0;0,0,0.000"));
 }
 
+void TestSupplyEngine::outputOffEndsARun_data()
+{
+    QTest::addColumn<QByteArray>("mode");
+    QTest::newRow("list") << QByteArray("LIST");
+    QTest::newRow("delayer") << QByteArray("DEL");
+}
+
+// Switching off is the way out of anything: the run ends without its end state.
 void TestSupplyEngine::outputOffEndsARun()
 {
+    QFETCH(QByteArray, mode);
     Supply supply;
-    supply.send("LIST:STEP 1,2,1,1;LIST:REP 0;LIST:END LAST;LIST:RUN;OUTP OFF");
-    QCOMPARE(supply.send("LIST:STAT?;OUTP?;MEAS:VOLT?"), QByteArray("STOP;0;0.000"));
+    supply.send("VOLT 2;LIST:STEP 1,2,1,1;DEL:STEP 1,ON,1");
+    supply.send(mode + ":REP 0;" + mode + ":END LAST;" + mode + ":RUN;OUTP OFF");
+    QCOMPARE(supply.send(mode + ":STAT?;OUTP?;MEAS:VOLT?"), QByteArray("STOP;0;0.000"));
     QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("0"));
+}
+
+void TestSupplyEngine::eachErrorSetsTheEventBitOfItsClass_data()
+{
+    QTest::addColumn<int>("error");
+    QTest::addColumn<int>("eventStatus");
+
+    QTest::newRow("command error") << -100 << 32;
+    QTest::newRow("execution error") << -299 << 16;
+    QTest::newRow("device-dependent error") << -300 << 8;
+    QTest::newRow("query error") << -499 << 4;
+    QTest::newRow("instrument-defined error") << 101 << 8;
+}
+
+// Also when the full queue can no longer keep the error itself.
+void TestSupplyEngine::eachErrorSetsTheEventBitOfItsClass()
+{
+    QFETCH(int, error);
+    QFETCH(int, eventStatus);
+    Supply supply;
+    QCOMPARE(supply.send("*ESR?;*ESR?"), QByteArray("128;0"));
+    for (int i = 0; i < ErrorQueue::capacity; ++i)
+        supply.send("BOGUS");
+    supply.send("*ESR?");
+    supply.engine.errors().push(static_cast<ScpiError>(error));
+    QCOMPARE(supply.send("*ESR?;*ESR?;SYST:ERR:COUN?"),
+             QByteArray::number(eventStatus) + ";0;" + QByteArray::number(ErrorQueue::capacity));
+}
+
+void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("reply");
+
+    QTest::newRow("power-on event, not enabled") << QByteArray("*STB?") << QByteArray("0");
+    QTest::newRow("power-on event, enabled")
+        << QByteArray("*ESE 128;*STB?;*ESE?") << QByteArray("32;128");
+    QTest::newRow("an error waits") << QByteArray("*CLS;BOGUS;*STB?") << QByteArray("4");
+    QTest::newRow("an answer waits on the line")
+        << QByteArray("*CLS;*IDN?;*STB?")
+        << QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0;16");
+    QTest::newRow("*OPC sets its bit") << QByteArray("*CLS;*OPC;*ESR?") << QByteArray("1");
+    QTest::newRow("master summary of the enabled error bit")
+        << QByteArray("*CLS;*SRE 4;BOGUS;*STB?;*SRE?") << QByteArray("68;4");
+    QTest::newRow("questionable summary")
+        << QByteArray("*CLS;STAT:QUES:ENAB 1;VOLT 5;VOLT:PROT 4;OUTP ON;*STB?;SYST:ERR?;*STB?")
+        << QByteArray(
+               "12;-300,\"Device-specific error;over-voltage protection tripped on CH1\";24");
+    QTest::newRow("operation summary") << QByteArray("*CLS;STAT:OPER:ENAB 1024;VOLT 20;CURR 1;"
+                                                     "OUTP ON;*STB?;STAT:OPER:COND?")
+                                       << QByteArray("128;1024");
+    QTest::newRow("*CLS empties the events, not the enables")
+        << QByteArray("*ESE 32;BOGUS;*CLS;*STB?;*ESR?;*ESE?") << QByteArray("0;0;32");
+    QTest::newRow("preset clears the register enables")
+        << QByteArray("STAT:OPER:ENAB 1024;STAT:QUES:ENAB 3;*ESE 8;STAT:PRES;"
+                      "STAT:OPER:ENAB?;STAT:QUES:ENAB?;*ESE?")
+        << QByteArray("0;0;8");
+    QTest::newRow("enable above its register")
+        << QByteArray("*SRE 256;STAT:OPER:ENAB 32768;SYST:ERR?;SYST:ERR?;*SRE?;STAT:OPER:ENAB?")
+        << QByteArray("-222,\"Data out of range;mask 256 is outside 0..255\";"
+                      "-222,\"Data out of range;mask 32768 is outside 0..32767\";0;0");
+}
+
+void TestSupplyEngine::statusByteSummarisesTheEnabledBits()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, reply);
+    Supply supply;
+    QCOMPARE(supply.send(line), reply);
+}
+
+void TestSupplyEngine::operationEventsLatchARunBetweenTwoLooks()
+{
+    Supply supply;
+    supply.send("LIST:STEP 1,2,1,0.5;DEL:STEP 1,ON,0.5;LIST:RUN");
+    QCOMPARE(supply.send("STAT:OPER:COND?"), QByteArray("256"));
+    supply.advanceMs(600);
+    supply.send("DEL:RUN");
+    supply.advanceMs(600);
+    QCOMPARE(supply.send("STAT:OPER:COND?;STAT:OPER?;STAT:OPER?"), QByteArray("0;768;0"));
+}
+
+void TestSupplyEngine::minMaxAndDefaultStandForTheChannelsLimits_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("reply");
+
+    QTest::newRow("voltage limits")
+        << QByteArray("VOLT? MIN;VOLT? MAX;VOLT? DEF") << QByteArray("0.000;32.000;0.000");
+    QTest::newRow("current limits of another channel")
+        << QByteArray("INST PARALLEL;CURR? MINIMUM;curr? maximum;CURR? DEFAULT")
+        << QByteArray("0.000;6.400;6.400");
+    QTest::newRow("protection levels")
+        << QByteArray("INST SERIES;VOLT:PROT? MAX;VOLT:PROT?;CURR:PROT? DEF")
+        << QByteArray("64.000;64.000;3.200");
+    QTest::newRow("set-points") << QByteArray("VOLT MAX;CURR MIN;VOLT?;CURR?;VOLT DEF;VOLT?")
+                                << QByteArray("32.000;0.000;0.000");
+    QTest::newRow("a step's values")
+        << QByteArray("LIST:STEP MIN,MAX,MIN,MAX;LIST:STEP 2,DEF,DEF,DEF;LIST:DATA?")
+        << QByteArray("32.000,0.000,99999.000,0.000,3.200,1.000");
+    QTest::newRow("repeat count") << QByteArray("LIST:REP MAX;LIST:REP?") << QByteArray("99999");
+    QTest::newRow("channel number") << QByteArray("INST:NSEL MAX;INST?") << QByteArray("Parallel");
+    QTest::newRow("not a limit") << QByteArray("VOLT? HIGH;SYST:ERR?")
+                                 << QByteArray("-224,\"Illegal parameter value;expected MIN, MAX "
+                                               "or DEF\"");
+    QTest::newRow("where no limit is taken")
+        << QByteArray("LIST:END MAX;SYST:ERR?;LIST:END?")
+        << QByteArray("-224,\"Illegal parameter value;expected "
+                      "OFF, ON or LAST\";OFF");
+}
+
+void TestSupplyEngine::minMaxAndDefaultStandForTheChannelsLimits()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, reply);
+    Supply supply;
+    QCOMPARE(supply.send(line), reply);
+}
+
+void TestSupplyEngine::protectionTripsAsTheOutputChanges_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("state"); // output, the two trips, the error
+
+    const QByteArray overVoltage
+        = "-300,\"Device-specific error;over-voltage protection tripped on ";
+    QTest::newRow("switched on above the level")
+        << QByteArray("VOLT 5;VOLT:PROT 4.999;OUTP ON") << "0;1;0;" + overVoltage + "CH1\"";
+    QTest::newRow("exactly at the level")
+        << QByteArray("VOLT 5;VOLT:PROT 5;OUTP ON") << QByteArray("1;0;0;0,\"No error\"");
+    QTest::newRow("level lowered under the output")
+        << QByteArray("INST CH3;VOLT 5;OUTP ON;VOLT:PROT 4") << "0;1;0;" + overVoltage + "CH3\"";
+    QTest::newRow("set-point raised over the level")
+        << QByteArray("VOLT 5;VOLT:PROT 6;OUTP ON;VOLT 7") << "0;1;0;" + overVoltage + "CH1\"";
+    QTest::newRow("over-current in constant current")
+        << QByteArray("VOLT 20;CURR 1;CURR:PROT 0.9;OUTP ON")
+        << QByteArray("0;0;1;-300,\"Device-specific error;over-current protection tripped on "
+                      "CH1\"");
+    QTest::newRow("a current limit the load never draws")
+        << QByteArray("VOLT 5;CURR 2;CURR:PROT 0.5;OUTP ON") << QByteArray("1;0;0;0,\"No error\"");
+    QTest::newRow("a trip refuses the output until it is cleared")
+        << QByteArray("VOLT 5;VOLT:PROT 4;OUTP ON;SYST:ERR?;VOLT:PROT 6;OUTP ON")
+        << QByteArray("0;1;0;-221,\"Settings conflict;protection tripped on CH1; clear it with "
+                      "OUTP:PROT:CLE first\"");
+    QTest::newRow("cleared, switched on again")
+        << QByteArray("VOLT 5;VOLT:PROT 4;OUTP ON;SYST:ERR?;VOLT:PROT 6;OUTP:PROT:CLE;OUTP ON")
+        << QByteArray("1;0;0;0,\"No error\"");
+}
+
+void TestSupplyEngine::protectionTripsAsTheOutputChanges()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, state);
+    Supply supply;
+    supply.send(line);
+    QCOMPARE(supply.send("OUTP?;VOLT:PROT:TRIP?;CURR:PROT:TRIP?;SYST:ERR?"), state);
+}
+
+void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove_data()
+{
+    QTest::addColumn<QByteArray>("mode");
+    QTest::addColumn<QByteArray>("setup");
+    QTest::addColumn<double>("tripMs"); // when the first step above the level starts
+    QTest::addColumn<int>("questionable");
+
+    // Steps of 1 s at 5, 8 and 5 V, or Off, On, Off at 5 V, three cycles, end state On.
+    QTest::newRow("list step above over-voltage")
+        << QByteArray("LIST") << QByteArray("VOLT:PROT 6") << 1000.0 << 1;
+    QTest::newRow("list step above over-current")
+        << QByteArray("LIST") << QByteArray("CURR:PROT 0.7") << 1000.0 << 2;
+    QTest::newRow("delayer switching on above the level")
+        << QByteArray("DEL") << QByteArray("VOLT:PROT 4") << 1000.0 << 1;
+    QTest::newRow("level lowered during the run, in the next cycle")
+        << QByteArray("LIST") << QByteArray("LIST:RUN;WAIT 2500;VOLT:PROT 6") << 4000.0 << 1;
+    QTest::newRow("level lowered during the last cycle")
+        << QByteArray("LIST") << QByteArray("LIST:RUN;WAIT 6500;VOLT:PROT 6") << 7000.0 << 1;
+}
+
+// The trip comes at the instant the step starts: the output goes off, the run ends without its
+// end state, and the error and the questionable bit say why.
+void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove()
+{
+    QFETCH(QByteArray, mode);
+    QFETCH(QByteArray, setup);
+    QFETCH(double, tripMs);
+    QFETCH(int, questionable);
+    Supply supply;
+    supply.send("VOLT 5;CURR 1;LIST:STEP 1,5,1,1;LIST:STEP 2,8,1,1;LIST:STEP 3,5,1,1;"
+                "DEL:STEP 1,OFF,1;DEL:STEP 2,ON,1;DEL:STEP 3,OFF,1;"
+                "LIST:REP 3;DEL:REP 3;LIST:END ON;DEL:END ON");
+    double at = 0;
+    for (const QByteArray &command : setup.split(';')) {
+        if (command.startsWith("WAIT ")) {
+            supply.advanceMs(command.mid(5).toDouble());
+            at += command.mid(5).toDouble();
+        } else {
+            supply.send(command);
+        }
+    }
+    if (!setup.contains(":RUN"))
+        supply.send(mode + ":RUN");
+    supply.advanceMs(tripMs - at - 1);
+    QCOMPARE(supply.send(mode + ":STAT?;STAT:QUES:COND?"), QByteArray("RUN;0"));
+    supply.advanceMs(1);
+    QCOMPARE(supply.send(mode + ":STAT?;OUTP?;STAT:QUES:COND?"),
+             "STOP;0;" + QByteArray::number(questionable));
+    QVERIFY(supply.send("SYST:ERR?").startsWith("-300,"));
+    QCOMPARE(supply.send(mode + ":RUN;SYST:ERR?").left(5), QByteArray("-221,"));
+}
+
+void TestSupplyEngine::selfTestLeavesTheSupplyAsItWas()
+{
+    Supply supply;
+    supply.send("INST CH2;VOLT 3;LIST:STEP 1,2,1,1;LIST:RUN");
+    QCOMPARE(supply.send("*TST?;INST?;VOLT?;LIST:STAT?;LIST:COUN?;SYST:ERR:COUN?"),
+             QByteArray("0;CH2;3.000;RUN;1;0"));
 }
 
 QTEST_APPLESS_MAIN(TestSupplyEngine)
