@@ -10,6 +10,7 @@ packages=(
     fonts-dejavu-core fonts-wqy-microhei
     xvfb xauth
     clang libclang-rt-14-dev
+    python3-pyvisa-py socat
 )
 
 missing=()
