@@ -244,18 +244,9 @@ void TestSupplyServer::clientLeavingMidCommandLeavesNothingBehind()
         client.socket().write("LIST:STEP 1,5,");
         client.socket().flush();
     }
+    // At once: the old connection is gone before the new one is judged.
     Client next(sim.port);
-    QVERIFY(next.isConnected());
-    QElapsedTimer waited;
-    waited.start();
-    QByteArray reply;
-    // The server may still be dropping the old client when the new one arrives.
-    while ((reply = next.ask("*IDN?", 1000)).startsWith("ERROR") && waited.elapsed() < 5000) {
-        next.waitForDisconnect();
-        next.socket().connectToHost(QHostAddress::LocalHost, sim.port);
-        next.socket().waitForConnected(1000);
-    }
-    QCOMPARE(reply, QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0"));
+    QCOMPARE(next.ask("*IDN?"), QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0"));
     QCOMPARE(next.ask("LIST:COUN?;SYST:ERR?"), QByteArray("0;0,\"No error\""));
 }
 
