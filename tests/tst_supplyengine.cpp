@@ -91,10 +91,6 @@ void TestSupplyEngine::refusedRequestsChangeNothing_data()
         << QByteArray("INST PARALLEL;LIST:STEP 1,1,6.4,1") << QByteArray("LIST:STEP 1,1,6.5,1")
         << QByteArray("-222,\"Data out of range;current 6.5 is outside 0..6.4\"")
         << QByteArray("LIST:STEP? 1") << QByteArray("1.000,6.400,1.000");
-    QTest::newRow("voltage above the series channel's range")
-        << QByteArray("INST:NSEL 5;LIST:STEP 1,64,1,1") << QByteArray("LIST:STEP 2,64.1,1,1")
-        << QByteArray("-222,\"Data out of range;voltage 64.1 is outside 0..64\"")
-        << QByteArray("LIST:DATA?") << QByteArray("64.000,1.000,1.000");
     QTest::newRow("time below the shortest")
         << oneStep << QByteArray("LIST:STEP 2,1,1,0.0005")
         << QByteArray("-222,\"Data out of range;time 0.0005 is outside 0.001..99999\"")
@@ -579,21 +575,22 @@ void TestSupplyEngine::protectionTripsAsTheOutputChanges()
 void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove_data()
 {
     QTest::addColumn<QByteArray>("mode");
-    QTest::addColumn<QByteArray>("setup");
-    QTest::addColumn<double>("tripMs"); // when the first step above the level starts
+    QTest::addColumn<QByteArray>("level");
+    QTest::addColumn<double>("levelAtMs"); // when the level is set, from the start of the run
+    QTest::addColumn<double>("tripMs");    // when the first step above it starts
     QTest::addColumn<int>("questionable");
 
     // Steps of 1 s at 5, 8 and 5 V, or Off, On, Off at 5 V, three cycles, end state On.
     QTest::newRow("list step above over-voltage")
-        << QByteArray("LIST") << QByteArray("VOLT:PROT 6") << 1000.0 << 1;
+        << QByteArray("LIST") << QByteArray("VOLT:PROT 6") << 0.0 << 1000.0 << 1;
     QTest::newRow("list step above over-current")
-        << QByteArray("LIST") << QByteArray("CURR:PROT 0.7") << 1000.0 << 2;
+        << QByteArray("LIST") << QByteArray("CURR:PROT 0.7") << 0.0 << 1000.0 << 2;
     QTest::newRow("delayer switching on above the level")
-        << QByteArray("DEL") << QByteArray("VOLT:PROT 4") << 1000.0 << 1;
-    QTest::newRow("level lowered during the run, in the next cycle")
-        << QByteArray("LIST") << QByteArray("LIST:RUN;WAIT 2500;VOLT:PROT 6") << 4000.0 << 1;
+        << QByteArray("DEL") << QByteArray("VOLT:PROT 4") << 0.0 << 1000.0 << 1;
+    QTest::newRow("level lowered during the run, for the next cycle")
+        << QByteArray("LIST") << QByteArray("VOLT:PROT 6") << 2500.0 << 4000.0 << 1;
     QTest::newRow("level lowered during the last cycle")
-        << QByteArray("LIST") << QByteArray("LIST:RUN;WAIT 6500;VOLT:PROT 6") << 7000.0 << 1;
+        << QByteArray("LIST") << QByteArray("VOLT:PROT 6") << 6500.0 << 7000.0 << 1;
 }
 
 // The trip comes at the instant the step starts: the output goes off, the run ends without its
@@ -601,25 +598,20 @@ void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove_data()
 void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove()
 {
     QFETCH(QByteArray, mode);
-    QFETCH(QByteArray, setup);
+    QFETCH(QByteArray, level);
+    QFETCH(double, levelAtMs);
     QFETCH(double, tripMs);
     QFETCH(int, questionable);
     Supply supply;
     supply.send("VOLT 5;CURR 1;LIST:STEP 1,5,1,1;LIST:STEP 2,8,1,1;LIST:STEP 3,5,1,1;"
                 "DEL:STEP 1,OFF,1;DEL:STEP 2,ON,1;DEL:STEP 3,OFF,1;"
                 "LIST:REP 3;DEL:REP 3;LIST:END ON;DEL:END ON");
-    double at = 0;
-    for (const QByteArray &command : setup.split(';')) {
-        if (command.startsWith("WAIT ")) {
-            supply.advanceMs(command.mid(5).toDouble());
-            at += command.mid(5).toDouble();
-        } else {
-            supply.send(command);
-        }
-    }
-    if (!setup.contains(":RUN"))
-        supply.send(mode + ":RUN");
-    supply.advanceMs(tripMs - at - 1);
+    if (levelAtMs == 0)
+        supply.send(level);
+    supply.send(mode + ":RUN");
+    supply.advanceMs(levelAtMs);
+    supply.send(level);
+    supply.advanceMs(tripMs - levelAtMs - 1);
     QCOMPARE(supply.send(mode + ":STAT?;STAT:QUES:COND?"), QByteArray("RUN;0"));
     supply.advanceMs(1);
     QCOMPARE(supply.send(mode + ":STAT?;OUTP?;STAT:QUES:COND?"),

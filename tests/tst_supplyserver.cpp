@@ -82,7 +82,6 @@ private slots:
     void dropAfterCommands();
     void silentAfterCommands();
     void refusedStep();
-    void secondClientIsRefusedAndTheFirstKeepsWorking();
     void malformedLinesLeaveTheServerWorking();
     void overlongLineIsDiscardedWithOverrun();
     void clientLeavingMidCommandLeavesNothingBehind();
@@ -190,19 +189,6 @@ void TestSupplyServer::refusedStep()
              QByteArray("2"));
     QCOMPARE(client.ask("SYST:ERR?"),
              QByteArray("-222,\"Data out of range;step 3 refused by fault injection\""));
-}
-
-void TestSupplyServer::secondClientIsRefusedAndTheFirstKeepsWorking()
-{
-    Simulator sim;
-    Client first(sim.port);
-    first.send("INST CH2");
-    QCOMPARE(first.ask("INST?"), QByteArray("CH2"));
-    Client second(sim.port);
-    QCOMPARE(second.readLine(),
-             QByteArray("ERROR: the supply is in use by another client; try again later"));
-    QVERIFY(second.waitForDisconnect());
-    QCOMPARE(first.ask("INST?;SYST:ERR?"), QByteArray("CH2;0,\"No error\""));
 }
 
 void TestSupplyServer::malformedLinesLeaveTheServerWorking()
