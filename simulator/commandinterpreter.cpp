@@ -61,11 +61,12 @@ QByteArray fixed(double value, int decimals)
 CommandInterpreter::CommandInterpreter(SupplyEngine *engine)
     : m_engine(engine)
 {
+    // Commands are looked up in this order, so the busiest come first.
     addCommon();
-    addStatus();
     addChannel();
     addSequence(static_cast<int>(SequenceMode::List));
     addSequence(static_cast<int>(SequenceMode::Delayer));
+    addStatus();
 }
 
 CommandInterpreter::~CommandInterpreter() = default;
@@ -396,6 +397,20 @@ void CommandInterpreter::addChannel()
         [engine, channel] { return engine->currentSetpoint(channel()); },
         [engine, channel](double c) { return engine->setCurrent(channel(), c); },
         cDecimals);
+    add("MEASure[:SCALar]:VOLTage[:DC]", true, 0, 0, [this, engine](const Arguments &) {
+        return volts(engine->measuredVoltage(engine->selectedChannel()));
+    });
+    add("MEASure[:SCALar]:CURRent[:DC]", true, 0, 0, [this, engine](const Arguments &) {
+        return amperes(engine->measuredCurrent(engine->selectedChannel()));
+    });
+    add("MEASure[:SCALar]:POWer[:DC]",
+        true,
+        0,
+        0,
+        [engine, vDecimals, cDecimals](const Arguments &) {
+            return fixed(engine->measuredPower(engine->selectedChannel()),
+                         std::max(vDecimals, cDecimals));
+        });
     for (const Protection which : {Protection::Voltage, Protection::Current}) {
         const bool voltage = which == Protection::Voltage;
         const QByteArray node
@@ -420,20 +435,6 @@ void CommandInterpreter::addChannel()
     add("OUTPut:PROTection:CLEar", false, 0, 0, [engine, channel](const Arguments &) {
         return done(engine->clearProtection(channel()));
     });
-    add("MEASure[:SCALar]:VOLTage[:DC]", true, 0, 0, [this, engine](const Arguments &) {
-        return volts(engine->measuredVoltage(engine->selectedChannel()));
-    });
-    add("MEASure[:SCALar]:CURRent[:DC]", true, 0, 0, [this, engine](const Arguments &) {
-        return amperes(engine->measuredCurrent(engine->selectedChannel()));
-    });
-    add("MEASure[:SCALar]:POWer[:DC]",
-        true,
-        0,
-        0,
-        [engine, vDecimals, cDecimals](const Arguments &) {
-            return fixed(engine->measuredPower(engine->selectedChannel()),
-                         std::max(vDecimals, cDecimals));
-        });
 }
 
 void CommandInterpreter::addSequence(int modeIndex)

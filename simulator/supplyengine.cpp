@@ -349,11 +349,18 @@ bool SupplyEngine::clearProtection(int channel)
 
 void SupplyEngine::update()
 {
-    m_now = m_clock();
+    // Only a run changes with time; with none, the clock need not be read at all.
+    const bool anyRunning
+        = std::any_of(m_channels.cbegin(), m_channels.cend(), [](const Channel &c) {
+              return c.runs[0].running || c.runs[1].running;
+          });
+    if (anyRunning)
+        m_now = m_clock();
     quint16 operation = 0;
     quint16 questionable = 0;
     for (int i = 0; i < m_channels.size(); ++i) {
-        settle(i);
+        if (anyRunning)
+            settle(i);
         const Channel &c = m_channels.at(i);
         if (c.runs[static_cast<int>(SequenceMode::List)].running)
             operation |= StatusRegisters::ListRunning;
