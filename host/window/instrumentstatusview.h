@@ -1,4 +1,4 @@
-// The instrument's status in the connection bar: tripped protection, errors waiting, and the way
+// The instrument's status in the status bar: tripped protection, errors waiting, and the way
 // to clear a trip.
 #pragma once
 

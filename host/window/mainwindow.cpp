@@ -88,9 +88,9 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
                 showRunView();
         });
 
-    createConnectionBar(description);
+    createConnectionBar();
     createMenus();
-    createStatusBar();
+    createStatusBar(description);
     connect(m_controller, &BenchController::stateChanged, this, &MainWindow::showState);
     showState(BenchController::State::Disconnected, tr("Not connected"));
 
@@ -114,7 +114,7 @@ bool MainWindow::openSequenceFile(const QString &path)
     return m_files->openFile(path);
 }
 
-void MainWindow::createConnectionBar(const sim::InstrumentDescription &description)
+void MainWindow::createConnectionBar()
 {
     auto *bar = addToolBar(tr("Connection"));
     bar->setObjectName(QStringLiteral("connectionBar"));
@@ -145,13 +145,6 @@ void MainWindow::createConnectionBar(const sim::InstrumentDescription &descripti
     m_identity->setObjectName(QStringLiteral("identity"));
     m_identity->setTextInteractionFlags(Qt::TextSelectableByMouse);
     bar->addWidget(m_identity);
-    bar->addSeparator();
-    QStringList channelNames;
-    for (const sim::ChannelDescription &channel : description.channels)
-        channelNames << channel.name;
-    m_status = new InstrumentStatusView(m_controller->statusMonitor(), channelNames, bar);
-    m_status->setObjectName(QStringLiteral("instrumentStatusView"));
-    bar->addWidget(m_status);
 
     connect(
         m_connect, &QPushButton::clicked, this, [this] { connectTo(m_address->currentText()); });
@@ -198,8 +191,14 @@ void MainWindow::createMenus()
     help->addAction(tr("&About"), this, &MainWindow::showAbout);
 }
 
-void MainWindow::createStatusBar()
+void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
 {
+    QStringList channelNames;
+    for (const sim::ChannelDescription &channel : description.channels)
+        channelNames << channel.name;
+    auto *status = new InstrumentStatusView(m_controller->statusMonitor(), channelNames, this);
+    status->setObjectName(QStringLiteral("instrumentStatusView"));
+    statusBar()->addPermanentWidget(status);
     m_progress = new QLabel(this);
     m_progress->setObjectName(QStringLiteral("uploadProgress"));
     m_cancel = new QPushButton(tr("Cancel Upload"), this);

@@ -19,7 +19,6 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
-class InstrumentStatusView;
 class Prompter;
 class SequenceEditor;
 class SequenceFiles;
@@ -56,9 +55,9 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void createConnectionBar(const sim::InstrumentDescription &description);
+    void createConnectionBar();
     void createMenus();
-    void createStatusBar();
+    void createStatusBar(const sim::InstrumentDescription &description);
     void showState(BenchController::State state, const QString &message);
     void rememberAddress(const QString &address);
     void triggerDialogAction(const char *name);
@@ -75,7 +74,6 @@ private:
     QPushButton *m_disconnect;
     QLabel *m_state;
     QLabel *m_identity;
-    InstrumentStatusView *m_status;
     QLabel *m_progress;
     QPushButton *m_cancel;
     std::unique_ptr<Prompter> m_ownPrompter;
