@@ -552,6 +552,8 @@ void TestSupplyEngine::protectionTripsAsTheOutputChanges_data()
         << QByteArray("VOLT 20;CURR 1;CURR:PROT 0.9;OUTP ON")
         << QByteArray("0;0;1;-300,\"Device-specific error;over-current protection tripped on "
                       "CH1\"");
+    QTest::newRow("constant current holds the voltage under the level")
+        << QByteArray("VOLT 20;CURR 1;VOLT:PROT 15;OUTP ON") << QByteArray("1;0;0;0,\"No error\"");
     QTest::newRow("a current limit the load never draws")
         << QByteArray("VOLT 5;CURR 2;CURR:PROT 0.5;OUTP ON") << QByteArray("1;0;0;0,\"No error\"");
     QTest::newRow("a trip refuses the output until it is cleared")
