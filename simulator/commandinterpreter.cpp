@@ -252,29 +252,38 @@ void CommandInterpreter::addStatus()
 {
     SupplyEngine *engine = m_engine;
     const Bounds byte{0, 255, 0};
-    auto addEnable = [this](const QByteArray &pattern, Bounds bounds, auto target) {
-        add(pattern, false, 1, 1, [this, bounds, target](const Arguments &a) {
-            const std::optional<int> value = integer(a.at(0), &bounds);
-            if (!value)
-                return std::optional<QByteArray>();
-            if (*value < bounds.min || *value > bounds.max) {
-                m_engine->errors().push(ScpiError::DataOutOfRange,
-                                        QStringLiteral("mask %1 is outside %2..%3")
-                                            .arg(*value)
-                                            .arg(bounds.min)
-                                            .arg(bounds.max));
-                return std::optional<QByteArray>();
-            }
-            target() = static_cast<std::remove_reference_t<decltype(target())>>(*value);
-            return std::optional<QByteArray>(QByteArray());
-        });
-        add(pattern, true, 0, 0, [target](const Arguments &) {
-            return QByteArray::number(target());
-        });
-    };
+    // A mask is a decimal number rounded to a whole one, as the standard has it; the bits in
+    // `ignored` are kept 0 whatever is sent.
+    auto addEnable
+        = [this](const QByteArray &pattern, Bounds bounds, auto target, int ignored = 0) {
+              add(pattern, false, 1, 1, [this, bounds, target, ignored](const Arguments &a) {
+                  const std::optional<double> value = number(a.at(0), 0, &bounds);
+                  if (!value)
+                      return std::optional<QByteArray>();
+                  const double mask = std::round(*value);
+                  if (!(mask >= bounds.min && mask <= bounds.max)) {
+                      m_engine->errors().push(ScpiError::DataOutOfRange,
+                                              QStringLiteral("mask %1 is outside %2..%3")
+                                                  .arg(*value)
+                                                  .arg(bounds.min)
+                                                  .arg(bounds.max));
+                      return std::optional<QByteArray>();
+                  }
+                  target() = static_cast<std::remove_reference_t<decltype(target())>>(
+                      static_cast<int>(mask) & ~ignored);
+                  return std::optional<QByteArray>(QByteArray());
+              });
+              add(pattern, true, 0, 0, [target](const Arguments &) {
+                  return QByteArray::number(target());
+              });
+          };
     addEnable("*ESE", byte, [engine]() -> quint8 & { return engine->status().eventEnable; });
+    // The master summary cannot summarise itself: bit 6 of *SRE is ignored.
     addEnable(
-        "*SRE", byte, [engine]() -> quint8 & { return engine->status().serviceRequestEnable; });
+        "*SRE",
+        byte,
+        [engine]() -> quint8 & { return engine->status().serviceRequestEnable; },
+        StatusRegisters::MasterSummary);
     add("*ESR", true, 0, 0, [engine](const Arguments &) {
         engine->update();
         return QByteArray::number(engine->status().takeEvents());

@@ -458,6 +458,8 @@ void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
     QTest::newRow("*OPC sets its bit") << QByteArray("*CLS;*OPC;*ESR?") << QByteArray("1");
     QTest::newRow("master summary of the enabled error bit")
         << QByteArray("*CLS;*SRE 4;BOGUS;*STB?;*SRE?") << QByteArray("68;4");
+    QTest::newRow("bit 6 of the service request enable ignored, masks rounded")
+        << QByteArray("*SRE 255;*SRE?;*ESE 31.6;*ESE?") << QByteArray("191;32");
     QTest::newRow("questionable summary")
         << QByteArray("*CLS;STAT:QUES:ENAB 1;VOLT 5;VOLT:PROT 4;OUTP ON;*STB?;SYST:ERR?;*STB?")
         << QByteArray(
