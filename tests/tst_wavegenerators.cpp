@@ -1,4 +1,5 @@
-// Tests of the List wave generators: levels, tick times and counts.
+// Tests of the List wave generators: levels, tick times and counts, where the templates' tests do
+// not already show them through a template.
 #include "generator/expwavegenerator.h"
 #include "generator/pulsewavegenerator.h"
 #include "generator/rampwavegenerator.h"
@@ -62,12 +63,8 @@ void TestWaveGenerators::generators_data()
     QTest::newRow("pulse, W = P") << gen<Pulse>(100, 100, 3) << Values(3, 1) << Values(3, 100) << 3;
     QTest::newRow("pulse, W < P, 29.5 rounds up")
         << gen<Pulse>(100, 29.5, 2) << Values{1, 0, 1, 0} << Values{30, 70, 30, 70} << 4;
-    QTest::newRow("ramp, symmetry 0.5")
-        << gen<Ramp>(10, 2, 0.5) << Values{0, 0.4, 0.8, 0.8, 0.4} << Values(5, 2) << 5;
     QTest::newRow("ramp, symmetry 0 falls")
         << gen<Ramp>(10, 2, 0.0) << Values{1, 0.8, 0.6, 0.4, 0.2} << Values(5, 2) << 5;
-    QTest::newRow("ramp, symmetry 1 rises")
-        << gen<Ramp>(10, 2, 1.0) << Values{0, 0.2, 0.4, 0.6, 0.8} << Values(5, 2) << 5;
     QTest::newRow("ramp, shorter last step")
         << gen<Ramp>(10, 4, 0.5) << Values{0, 0.8, 0.4} << Values{4, 4, 2} << 3;
     QTest::newRow("ramp, one-tick peak rises over the period")
@@ -77,8 +74,6 @@ void TestWaveGenerators::generators_data()
     QTest::newRow("ramp, zero interval") << gen<Ramp>(10, 0, 0.5) << Values{} << Values{} << 0;
     QTest::newRow("stair up, 3/4/3 ticks")
         << gen<Stair>(10, 3, Stair::Up) << Values{0, 0.5, 1} << Values{3, 4, 3} << 3;
-    QTest::newRow("stair down, one step, 10.9 truncates")
-        << gen<Stair>(10.9, 1, Stair::Down) << Values{1} << Values{10} << 1;
     QTest::newRow("stair up, more steps than ticks")
         << gen<Stair>(2, 3, Stair::Up) << Values{0, 0.5, 1} << Values{1, 0, 1} << 0;
     QTest::newRow("stair up down, 4")
