@@ -1,9 +1,8 @@
 // Tests of the bench host's safe editing: loads that keep the sequence, saves that warn, Escape and
-// closing, sequences kept between runs, undo and redo, rows pasted from a spreadsheet, and the
-// check before an upload, all on the real window with a scripted prompter.
+// closing, sequences kept between runs, undo and redo and rows pasted from a spreadsheet, all on
+// the real window with a scripted prompter.
 #include <dialogprogrammer.h>
 #include <session/commandset.h>
-#include <window/benchcontroller.h>
 #include <window/mainwindow.h>
 #include <window/prompter.h>
 #include <window/sequenceeditor.h>
@@ -20,7 +19,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
@@ -73,7 +71,6 @@ private slots:
     void pasteInsertsRowsAndRefusesBadValues();
     void copyPutsRowsOnTheClipboard();
     void durationShowsRepeatsAndEndless();
-    void preflightRefusesBadStepAndSelectsIt();
     void minimumSizeKeepsEverythingVisible();
     void shortWindowScrollsTheDialogRatherThanSqueezingIt();
 
@@ -495,34 +492,6 @@ void TestSafeEditing::durationShowsRepeatsAndEndless()
     QCOMPARE(label->text(), QStringLiteral("Total 1.750 s, repeated endlessly"));
     QCOMPARE(m_dialog->findChild<QSpinBox *>(QStringLiteral("sbListGroups"))->toolTip(),
              QStringLiteral("Steps in the sequence; red above the 2048 this instrument holds"));
-}
-
-void TestSafeEditing::preflightRefusesBadStepAndSelectsIt()
-{
-    QApplication::clipboard()->setText(QStringLiteral("1\t1\t1\n2\t1\t1\n3\t1\t1\n"));
-    m_window->sequenceEditor()->pasteRows();
-    QAbstractItemModel *model
-        = m_dialog->findChild<QTableView *>(QStringLiteral("tvList"))->model();
-    model->setData(model->index(1, 3), 0.0); // a time the cell editor would refuse
-    model->setData(model->index(2, 1), 99.0);
-
-    BenchController *controller = m_window->controller();
-    QSignalSpy states(controller, &BenchController::stateChanged);
-    controller->connectTo(QStringLiteral("sim:"));
-    QTRY_COMPARE_WITH_TIMEOUT(controller->state(), BenchController::State::Connected, 10000);
-
-    QSignalSpy ended(controller, &BenchController::uploadEnded);
-    QSignalSpy steps(m_dialog, &DialogProgrammer::uploaderNextData);
-    m_dialog->uploaderStart(UploadMode::List);
-    QVERIFY(ended.wait(5000));
-    const auto outcome = ended.first().first().value<UploadOutcome>();
-    QCOMPARE(outcome.verified, false);
-    QCOMPARE(outcome.message,
-             QStringLiteral("Not uploaded: 2 steps cannot be sent to CH1; the first is step 1: "
-                            "time 0 s is below the shortest step of 0.001 s"));
-    QCOMPARE(steps.count(), 0);
-    QTRY_VERIFY(m_dialog->isEnabled());
-    QCOMPARE(m_dialog->findChild<QTableView *>(QStringLiteral("tvList"))->currentIndex().row(), 1);
 }
 
 void TestSafeEditing::minimumSizeKeepsEverythingVisible()
