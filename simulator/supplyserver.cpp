@@ -8,6 +8,8 @@
 #include <QTcpServer>
 #include <QTimer>
 
+#include <functional>
+
 namespace tarn::sim {
 
 namespace {
@@ -18,16 +20,17 @@ constexpr int mostWaiting = 8;
 // The listening socket hands over bare descriptors, so that each client gets a ClientConnection.
 class Listener final : public QTcpServer
 {
-    Q_OBJECT
-
 public:
-    using QTcpServer::QTcpServer;
-
-signals:
-    void descriptorReady(qintptr descriptor);
+    Listener(std::function<void(qintptr)> accept, QObject *parent)
+        : QTcpServer(parent)
+        , m_accept(std::move(accept))
+    {}
 
 protected:
-    void incomingConnection(qintptr descriptor) override { emit descriptorReady(descriptor); }
+    void incomingConnection(qintptr descriptor) override { m_accept(descriptor); }
+
+private:
+    std::function<void(qintptr)> m_accept;
 };
 
 SupplyServer::SupplyServer(SupplyEngine *engine, ServerFaults faults, QObject *parent)
@@ -35,14 +38,13 @@ SupplyServer::SupplyServer(SupplyEngine *engine, ServerFaults faults, QObject *p
     , m_engine(engine)
     , m_interpreter(std::make_unique<CommandInterpreter>(engine))
     , m_faults(faults)
-    , m_server(new Listener(this))
+    , m_server(new Listener([this](qintptr descriptor) { accept(descriptor); }, this))
     , m_graceTimer(new QTimer(this))
     , m_latencyTimer(new QTimer(this))
 {
     m_latencyTimer->setSingleShot(true);
     m_graceTimer->setSingleShot(true);
     m_clock.start();
-    connect(m_server, &Listener::descriptorReady, this, &SupplyServer::accept);
     connect(m_graceTimer, &QTimer::timeout, this, &SupplyServer::judgeWaiting);
     connect(m_latencyTimer, &QTimer::timeout, this, &SupplyServer::flushDelayedReplies);
 }
@@ -235,5 +237,3 @@ void SupplyServer::dropClient()
 }
 
 } // namespace tarn::sim
-
-#include "supplyserver.moc"
