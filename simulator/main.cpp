@@ -100,6 +100,11 @@ int main(int argc, char *argv[])
     const QCommandLineOption refuseStep(QStringLiteral("refuse-step"),
                                         QStringLiteral("Fault: refuse every write of step <n>."),
                                         QStringLiteral("n"));
+    const QCommandLineOption alterStep(
+        QStringLiteral("alter-step"),
+        QStringLiteral("Fault: store step <n> other than it was written (a List step's current one "
+                       "digit off, a Delayer step's state flipped)."),
+        QStringLiteral("n"));
     const QCommandLineOption printDescription(
         QStringLiteral("print-description"),
         QStringLiteral("Print the built-in instrument description and exit."));
@@ -111,6 +116,7 @@ int main(int argc, char *argv[])
                        dropAfter,
                        silentAfter,
                        refuseStep,
+                       alterStep,
                        printDescription});
     parser.process(app);
 
@@ -145,16 +151,18 @@ int main(int argc, char *argv[])
         return fail(QStringLiteral("--load wants a positive resistance in ohms"));
     ServerFaults faults;
     int refused = 0;
+    int altered = 0;
     if (!readInt(parser, latency, &faults.latencyMs)
         || !readInt(parser, dropAfter, &faults.dropAfter)
         || !readInt(parser, silentAfter, &faults.silentAfter)
-        || !readInt(parser, refuseStep, &refused))
+        || !readInt(parser, refuseStep, &refused) || !readInt(parser, alterStep, &altered))
         return fail(QStringLiteral("fault options want a whole number of 0 or more"));
 
     SupplyEngine engine(description);
     engine.setSpeed(speedFactor);
     engine.setLoad(loadOhms);
     engine.setRefusedStep(refused);
+    engine.setAlteredStep(altered);
 
     SupplyServer server(&engine, faults);
     if (!server.listen(address, static_cast<quint16>(port)))

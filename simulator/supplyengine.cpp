@@ -502,6 +502,12 @@ bool SupplyEngine::writeListStep(
             amperes, range.current, m_description.currentDecimals, "current", &step.current)
         || !checkTime(seconds, &step.ticks))
         return false;
+    if (index == m_alteredStep) {
+        const double digit = std::pow(10.0, -m_description.currentDecimals);
+        step.current = roundTo(step.current + digit <= range.current.max ? step.current + digit
+                                                                         : step.current - digit,
+                               m_description.currentDecimals);
+    }
     if (index > c.list.size())
         c.list.append(step);
     else
@@ -515,7 +521,7 @@ bool SupplyEngine::writeDelayerStep(int channel, int index, bool on, double seco
         return false;
     Channel &c = m_channels[channel];
     DelayerStep step;
-    step.on = on;
+    step.on = index == m_alteredStep ? !on : on;
     if (!checkIndex(c.delayer.size(), index) || !checkTime(seconds, &step.ticks))
         return false;
     if (index > c.delayer.size())

@@ -74,6 +74,10 @@ public:
     double load() const { return m_load; }
     // Fault injection: every write of this step (1-based; 0 for none) is refused.
     void setRefusedStep(int index) { m_refusedStep = index; }
+    // Fault injection: this step (1-based; 0 for none) is stored other than it is written, as a
+    // supply with a failing memory would: a List step's current one digit off, a Delayer step's
+    // state flipped.
+    void setAlteredStep(int index) { m_alteredStep = index; }
 
     // Outputs off, sequences and set-points cleared, channel 1 selected; the errors stay.
     void reset();
@@ -184,6 +188,7 @@ private:
     double m_speed = 1.0;
     double m_load = 10.0;
     int m_refusedStep = 0;
+    int m_alteredStep = 0;
     qint64 m_tickNs = 1000000;
     qint64 m_now = 0;
 };

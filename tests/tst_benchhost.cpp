@@ -61,7 +61,8 @@ private slots:
     void initTestCase();
     void uploadIsVerifiedOnEveryChannel_data();
     void uploadIsVerifiedOnEveryChannel();
-    void refusedStepIsNamedAndSelected();
+    void badStepIsNamedAndSelected_data();
+    void badStepIsNamedAndSelected();
     void slowInstrumentTimesOutAndTheDialogStaysUsable();
     void refusedConnectionIsReported();
     void uploadWithoutConnectionIsRefused();
@@ -132,20 +133,41 @@ void TestBenchHost::uploadIsVerifiedOnEveryChannel()
     QVERIFY(bench.dialog->isEnabled());
 }
 
-void TestBenchHost::refusedStepIsNamedAndSelected()
+void TestBenchHost::badStepIsNamedAndSelected_data()
 {
-    Simulator sim({QStringLiteral("--refuse-step"), QStringLiteral("7")});
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("row");
+
+    QTest::newRow("refused") << QStringLiteral("--refuse-step=7")
+                             << QStringLiteral("Step 7 was refused by the instrument: -222, Data "
+                                               "out of range;step 7 refused by fault injection "
+                                               "(it holds 6 of 30 steps)")
+                             << 6;
+    // Stored without an error, so only the read-back can tell: the first step, by its current.
+    QTest::newRow("stored otherwise")
+        << QStringLiteral("--alter-step=1")
+        << QStringLiteral("Step 1 differs: sent 1.500 V, 3.000 A, 1.000 s, the instrument holds "
+                          "1.500 V, 3.001 A, 1.000 s")
+        << 0;
+}
+
+void TestBenchHost::badStepIsNamedAndSelected()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, message);
+    QFETCH(int, row);
+    Simulator sim({fault});
     Bench bench;
     QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
     bench.append(UploadMode::List, 1);
 
     const UploadOutcome outcome = bench.upload(UploadMode::List);
-    QCOMPARE(outcome.message,
-             QStringLiteral("Step 7 was refused by the instrument: -222, Data out of range;step 7 "
-                            "refused by fault injection (it holds 6 of 30 steps)"));
-    QCOMPARE(outcome.row, 6);
+    QCOMPARE(outcome.message, message);
+    QVERIFY(!outcome.verified);
+    QCOMPARE(outcome.row, row);
     QVERIFY(bench.dialog->isEnabled());
-    QCOMPARE(bench.selectedRow(UploadMode::List), 6);
+    QCOMPARE(bench.selectedRow(UploadMode::List), row);
 }
 
 void TestBenchHost::slowInstrumentTimesOutAndTheDialogStaysUsable()
