@@ -300,6 +300,15 @@ void TestRunSession::traceStaysBoundedForAnHour()
         QVERIFY(samples.at(i).time > samples.at(i - 1).time);
     // The newest minute keeps its full rate.
     QCOMPARE(samples.at(samples.size() - 600).time, 3540.0);
+
+    // Exactly which go: a full trace drops every other sample of its older half.
+    RunTrace small(8);
+    for (int i = 0; i <= 10; ++i)
+        small.append({static_cast<double>(i), 1.0, 0.1, true, 1, 1});
+    QVector<double> times;
+    for (const RunSample &sample : small.samples())
+        times << sample.time;
+    QCOMPARE(times, (QVector<double>{0, 4, 6, 7, 8, 9, 10}));
 }
 
 QTEST_MAIN(TestRunSession)
