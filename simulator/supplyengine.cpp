@@ -146,13 +146,8 @@ bool SupplyEngine::setSetpoint(int channel, double value, bool voltage)
     // While the List plays, its steps are the set-points.
     if (c->runs[static_cast<int>(SequenceMode::List)].running)
         return refuse(ScpiError::SettingsConflict, QStringLiteral("the list is running"));
-    const ChannelDescription &ranges = m_description.channels.at(channel);
     double stored = 0.0;
-    if (!checkLevel(value,
-                    voltage ? ranges.voltage : ranges.current,
-                    voltage ? m_description.voltageDecimals : m_description.currentDecimals,
-                    voltage ? "voltage" : "current",
-                    &stored))
+    if (!checkChannelLevel(channel, voltage, value, voltage ? "voltage" : "current", &stored))
         return false;
     (voltage ? c->voltage : c->current) = stored;
     // A Delayer plays at the set-points, so a new one may bring a trip forward.
@@ -315,13 +310,12 @@ bool SupplyEngine::setProtectionLevel(int channel, Protection which, double leve
     if (!c)
         return false;
     const bool voltage = which == Protection::Voltage;
-    const ChannelDescription &ranges = m_description.channels.at(channel);
     double stored = 0.0;
-    if (!checkLevel(level,
-                    voltage ? ranges.voltage : ranges.current,
-                    voltage ? m_description.voltageDecimals : m_description.currentDecimals,
-                    voltage ? "over-voltage protection" : "over-current protection",
-                    &stored))
+    if (!checkChannelLevel(channel,
+                           voltage,
+                           level,
+                           voltage ? "over-voltage protection" : "over-current protection",
+                           &stored))
         return false;
     c->protection[static_cast<int>(which)] = stored;
     watchProtection(channel);
@@ -451,6 +445,18 @@ bool SupplyEngine::checkLevel(
                           .arg(name, number(value), number(range.min), number(range.max)));
     *stored = rounded;
     return true;
+}
+
+// A voltage or current level of the channel: within its range, stored at the instrument's decimals.
+bool SupplyEngine::checkChannelLevel(
+    int channel, bool voltage, double value, const char *what, double *stored)
+{
+    const ChannelDescription &ranges = m_description.channels.at(channel);
+    return checkLevel(value,
+                      voltage ? ranges.voltage : ranges.current,
+                      voltage ? m_description.voltageDecimals : m_description.currentDecimals,
+                      what,
+                      stored);
 }
 
 bool SupplyEngine::checkTime(double seconds, qint64 *ticks)

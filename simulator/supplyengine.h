@@ -164,6 +164,8 @@ private:
     bool checkIndex(int count, int index);
     bool
     checkLevel(double value, const Range &range, int decimals, const char *what, double *stored);
+    bool
+    checkChannelLevel(int channel, bool voltage, double value, const char *what, double *stored);
     bool checkTime(double seconds, qint64 *ticks);
     qint64 elapsedTicks(const Run &run) const;
     void settle(int channel);
