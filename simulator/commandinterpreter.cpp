@@ -291,8 +291,8 @@ void CommandInterpreter::addStatus()
     add("*STB", true, 0, 0, [this, engine](const Arguments &) {
         return QByteArray::number(engine->statusByte(m_replyWaiting));
     });
-    // Bit 15 of a status register is always 0.
-    const Bounds word{0, 32767, 0};
+    // A register takes 16 bits, and its bit 15 is always 0.
+    const Bounds word{0, 65535, 0};
     for (const QByteArray &name : {QByteArray("OPERation"), QByteArray("QUEStionable")}) {
         const bool operation = name == "OPERation";
         auto reg = [engine, operation]() -> StatusRegister & {
@@ -307,7 +307,10 @@ void CommandInterpreter::addStatus()
             return QByteArray::number(reg().condition);
         });
         addEnable(
-            "STATus:" + name + ":ENABle", word, [reg]() -> quint16 & { return reg().enable; });
+            "STATus:" + name + ":ENABle",
+            word,
+            [reg]() -> quint16 & { return reg().enable; },
+            0x8000);
     }
     add("STATus:PRESet", false, 0, 0, [engine](const Arguments &) {
         engine->status().preset();

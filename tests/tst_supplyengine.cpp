@@ -458,8 +458,9 @@ void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
     QTest::newRow("*OPC sets its bit") << QByteArray("*CLS;*OPC;*ESR?") << QByteArray("1");
     QTest::newRow("master summary of the enabled error bit")
         << QByteArray("*CLS;*SRE 4;BOGUS;*STB?;*SRE?") << QByteArray("68;4");
-    QTest::newRow("bit 6 of the service request enable ignored, masks rounded")
-        << QByteArray("*SRE 255;*SRE?;*ESE 31.6;*ESE?") << QByteArray("191;32");
+    QTest::newRow("bits that cannot be enabled read 0, masks are rounded")
+        << QByteArray("*SRE 255;*SRE?;*ESE 31.6;*ESE?;STAT:QUES:ENAB 65535;STAT:QUES:ENAB?")
+        << QByteArray("191;32;32767");
     QTest::newRow("questionable summary")
         << QByteArray("*CLS;STAT:QUES:ENAB 1;VOLT 5;VOLT:PROT 4;OUTP ON;*STB?;SYST:ERR?;*STB?")
         << QByteArray(
@@ -474,9 +475,9 @@ void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
                       "STAT:OPER:ENAB?;STAT:QUES:ENAB?;*ESE?")
         << QByteArray("0;0;8");
     QTest::newRow("enable above its register")
-        << QByteArray("*SRE 256;STAT:OPER:ENAB 32768;SYST:ERR?;SYST:ERR?;*SRE?;STAT:OPER:ENAB?")
+        << QByteArray("*SRE 256;STAT:OPER:ENAB 65536;SYST:ERR?;SYST:ERR?;*SRE?;STAT:OPER:ENAB?")
         << QByteArray("-222,\"Data out of range;mask 256 is outside 0..255\";"
-                      "-222,\"Data out of range;mask 32768 is outside 0..32767\";0;0");
+                      "-222,\"Data out of range;mask 65536 is outside 0..65535\";0;0");
 }
 
 void TestSupplyEngine::statusByteSummarisesTheEnabledBits()
