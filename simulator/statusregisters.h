@@ -57,7 +57,6 @@ public:
     void raise(quint8 eventBits) { m_events |= eventBits; }
     // *ESR? reads the register and clears it.
     quint8 takeEvents();
-    quint8 events() const { return m_events; }
     quint8 eventEnable = 0;
     quint8 serviceRequestEnable = 0;
     StatusRegister operation;
