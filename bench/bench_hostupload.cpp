@@ -4,8 +4,8 @@
 
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
-#include <session/commandset.h>
-#include <session/instrumentoption.h>
+#include "commandset.h"
+#include "instrumentoption.h"
 #include <window/benchcontroller.h>
 
 #include <benchmark/benchmark.h>

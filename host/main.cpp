@@ -1,6 +1,6 @@
 // tarn_bench_host: the bench engineer's program around the programmer dialog.
 #include "languages.h"
-#include "session/commandset.h"
+#include "commandset.h"
 #include "window/demo.h"
 #include "window/mainwindow.h"
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <dialogprogrammer.h>
-#include <session/commandset.h>
-#include <session/instrumentoption.h>
+#include "commandset.h"
+#include "instrumentoption.h"
 #include <window/benchcontroller.h>
 
 #include <QComboBox>

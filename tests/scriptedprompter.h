@@ -2,7 +2,7 @@
 // remembers what it was asked and warned of.
 #pragma once
 
-#include <window/prompter.h>
+#include "prompter.h"
 
 #include <QList>
 #include <QStringList>

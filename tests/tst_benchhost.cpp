@@ -6,11 +6,11 @@
 
 #include <dialogprogrammer.h>
 #include <languages.h>
-#include <links/simlink.h>
-#include <session/commandchannel.h>
-#include <session/commandset.h>
-#include <session/instrumentoption.h>
-#include <session/statusmonitor.h>
+#include "simlink.h"
+#include "commandchannel.h"
+#include "commandset.h"
+#include "instrumentoption.h"
+#include "statusmonitor.h"
 #include <supplyengine.h>
 #include <window/benchcontroller.h>
 #include <window/instrumentstatusview.h>

@@ -62,11 +62,12 @@ QByteArray read(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QString sourcesOf(const QString &base)
+// The folders and files each catalogue is refreshed from, as the build lists them.
+QStringList sourcesOf(const QString &base)
 {
-    return QStringLiteral(TARN_SOURCE_DIR)
-           + (base == QLatin1String("tarn_programmer") ? QStringLiteral("/programmer")
-                                                       : QStringLiteral("/host"));
+    return (base == QLatin1String("tarn_programmer") ? QStringLiteral(TARN_MODULE_SOURCES)
+                                                     : QStringLiteral(TARN_HOST_SOURCES))
+        .split(QLatin1Char('|'));
 }
 
 } // namespace
@@ -114,12 +115,9 @@ void TestCatalogues::catalogueHoldsEveryTextOfTheSources()
         QFile::copy(QStringLiteral(TARN_TRANSLATIONS_DIR "/%1_%2.ts").arg(base, language), copy));
     QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
 
-    QStringList arguments{QStringLiteral("-silent"),
-                          QStringLiteral("-locations"),
-                          QStringLiteral("none"),
-                          sourcesOf(base),
-                          QStringLiteral("-ts"),
-                          copy};
+    QStringList arguments{
+        QStringLiteral("-silent"), QStringLiteral("-locations"), QStringLiteral("none")};
+    arguments << sourcesOf(base) << QStringLiteral("-ts") << copy;
     if (pluralsOnly)
         arguments.prepend(QStringLiteral("-pluralonly"));
     QProcess lupdate;

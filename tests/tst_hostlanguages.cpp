@@ -3,8 +3,8 @@
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
 #include <languages.h>
-#include <session/commandset.h>
-#include <session/instrumentoption.h>
+#include "commandset.h"
+#include "instrumentoption.h"
 #include <window/mainwindow.h>
 #include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>

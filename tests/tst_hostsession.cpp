@@ -1,7 +1,7 @@
 // Tests of what the bench host reads from instruments and of the command words it sends.
-#include <session/commandset.h>
-#include <session/limitsprobe.h>
-#include <session/replyparser.h>
+#include "commandset.h"
+#include "limitsprobe.h"
+#include "replyparser.h"
 
 #include <QtTest>
 

@@ -2,9 +2,9 @@
 // closing, sequences kept between runs, undo and redo and rows pasted from a spreadsheet, all on
 // the real window with a scripted prompter.
 #include <dialogprogrammer.h>
-#include <session/commandset.h>
+#include "commandset.h"
 #include <window/mainwindow.h>
-#include <window/prompter.h>
+#include "prompter.h"
 #include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>
 #include <window/sequencehistory.h>

@@ -1,10 +1,11 @@
 // Tests of the checks that keep unsafe steps away from an instrument: sequence files refused with
 // their line and reason, rows pasted from a spreadsheet, and the check before an upload.
+#include "channellimits.h"
+#include "preflight.h"
+#include "sequencefile.h"
+#include "sequencereader.h"
 #include <instrumentdescription.h>
 #include <records.h>
-#include <session/preflight.h>
-#include <session/sequencereader.h>
-#include <session/steplimits.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -19,7 +20,7 @@ namespace {
 // CH1 of the built-in supply: 0..32 V, 0..3.2 A, steps of 0.001..99999 s, 2048 steps.
 StepLimits ch1()
 {
-    return StepLimits::forChannel(tarn::sim::InstrumentDescription::builtIn(), 0);
+    return stepLimitsFor(tarn::sim::InstrumentDescription::builtIn(), 0);
 }
 
 QList<QString> listFile(const QString &endState, const QString &groups, const QStringList &steps)
@@ -77,12 +78,12 @@ void TestSequenceReader::filesLargerThanAnySequenceAreRefusedUnread()
     QVERIFY(!SequenceReader::readLines(huge, 2048, &error).has_value());
     QCOMPARE(error,
              QStringLiteral("the file holds 1200000000 bytes, more than a sequence of 2048 steps "
-                            "can take (528384 bytes)"));
+                            "can take (1572864 bytes)"));
 
     const QString exact = dir.filePath(QStringLiteral("bound.csv"));
     QFile bound(exact);
     QVERIFY(bound.open(QIODevice::WriteOnly));
-    bound.write(QByteArray(SequenceReader::sizeBound(2048) - 1, 'x') + '\n');
+    bound.write(QByteArray(SequenceFile::sizeBound(2048) - 1, 'x') + '\n');
     bound.close();
     const auto lines = SequenceReader::readLines(exact, 2048, &error);
     QVERIFY(lines.has_value());

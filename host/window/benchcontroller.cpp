@@ -1,14 +1,14 @@
 // Connecting, uploading through the session, and telling the user how it went.
 #include "benchcontroller.h"
 
-#include "links/instrumentlink.h"
-#include "links/linkfactory.h"
+#include "instrumentlink.h"
+#include "linkfactory.h"
 #include "prompter.h"
-#include "session/commandchannel.h"
-#include "session/limitsprobe.h"
-#include "session/preflight.h"
-#include "session/replyparser.h"
-#include "session/statusmonitor.h"
+#include "commandchannel.h"
+#include "limitsprobe.h"
+#include "preflight.h"
+#include "replyparser.h"
+#include "statusmonitor.h"
 
 #include <dialogprogrammer.h>
 
@@ -240,7 +240,7 @@ bool BenchController::preflight(const UploadParam &param)
         return false;
     }
     const StepLimits limits
-        = StepLimits::forChannel(m_description, param.channel - 1, m_probe->limits(param.channel));
+        = stepLimitsFor(m_description, param.channel - 1, m_probe->limits(param.channel));
     const bool list = param.mode == UploadMode::List;
     const Preflight check = list ? Preflight::check(m_dialog->listSequence(), limits)
                                  : Preflight::check(m_dialog->delayerSequence(), limits);

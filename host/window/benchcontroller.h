@@ -1,10 +1,10 @@
 // The glue between the programmer dialog and an instrument: connection, upload and its outcome.
 #pragma once
 
-#include "session/commandset.h"
-#include "session/runsession.h"
-#include "session/steplimits.h"
-#include "session/uploadsession.h"
+#include "commandset.h"
+#include "runsession.h"
+#include "channellimits.h"
+#include "uploadsession.h"
 
 #include <instrumentdescription.h>
 

@@ -3,8 +3,8 @@
 
 #include "mainwindow.h"
 #include "runview.h"
-#include "session/runsession.h"
-#include "session/sequencereader.h"
+#include "runsession.h"
+#include "sequencereader.h"
 
 #include <character.h>
 #include <dialogprogrammer.h>

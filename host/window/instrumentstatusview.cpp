@@ -1,7 +1,7 @@
 // Words for the instrument's status.
 #include "instrumentstatusview.h"
 
-#include "session/statusmonitor.h"
+#include "statusmonitor.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -5,7 +5,7 @@
 #include "runview.h"
 #include "sequenceeditor.h"
 #include "sequencefiles.h"
-#include "session/instrumentoption.h"
+#include "instrumentoption.h"
 #include "trafficpanel.h"
 #include "widgetprompter.h"
 

@@ -1,7 +1,7 @@
 // The run view's controls, plot and exports.
 #include "runview.h"
 
-#include "session/runsession.h"
+#include "runsession.h"
 
 #include <qcustomplot.h>
 

@@ -4,8 +4,8 @@
 #include "prompter.h"
 #include "sequencefiles.h"
 #include "sequencehistory.h"
-#include "session/sequencereader.h"
-#include "session/steplimits.h"
+#include "sequencereader.h"
+#include "steplimits.h"
 #include "sessionstore.h"
 
 #include <dialogprogrammer.h>

@@ -2,8 +2,8 @@
 #include "sequencefiles.h"
 
 #include "prompter.h"
-#include "session/sequencereader.h"
-#include "session/steplimits.h"
+#include "sequencereader.h"
+#include "channellimits.h"
 
 #include <character.h>
 #include <dialogprogrammer.h>
@@ -83,7 +83,7 @@ StepLimits SequenceFiles::limits(UploadMode mode) const
 {
     const auto *channel = m_dialog->findChild<QComboBox *>(
         mode == UploadMode::List ? QStringLiteral("cbbListCH") : QStringLiteral("cbbDelayerCH"));
-    return StepLimits::forChannel(m_description, channel ? channel->currentIndex() : 0);
+    return stepLimitsFor(m_description, channel ? channel->currentIndex() : 0);
 }
 
 SequenceContent SequenceFiles::current(UploadMode mode) const

@@ -2,7 +2,7 @@
 // the host replaces a tab's sequence.
 #pragma once
 
-#include "session/sequencecontent.h"
+#include "sequencecontent.h"
 
 #include <instrumentdescription.h>
 

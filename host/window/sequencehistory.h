@@ -1,7 +1,7 @@
 // Undo and redo of every change to one tab's sequence, and whether it changed since the last file.
 #pragma once
 
-#include "session/sequencecontent.h"
+#include "sequencecontent.h"
 
 #include <QObject>
 #include <QPointer>

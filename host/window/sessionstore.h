@@ -1,7 +1,7 @@
 // The sequences kept between runs of the host.
 #pragma once
 
-#include "session/sequencecontent.h"
+#include "sequencecontent.h"
 
 #include <optional>
 

@@ -1,6 +1,6 @@
 // Fuzzes the bench host's readers of instrument replies: read-back lines, error replies, counts,
 // positions and identities.
-#include <session/replyparser.h>
+#include "replyparser.h"
 
 #include <cstdint>
 

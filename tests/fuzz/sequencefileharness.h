@@ -3,7 +3,7 @@
 
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
-#include <session/instrumentoption.h>
+#include "instrumentoption.h"
 
 #include <QApplication>
 #include <QDir>

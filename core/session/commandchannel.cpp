@@ -1,7 +1,7 @@
 // Matching replies to queries.
 #include "commandchannel.h"
 
-#include "links/instrumentlink.h"
+#include "instrumentlink.h"
 
 #include <QTimer>
 

@@ -4,8 +4,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <character.h>
 
+#include "sequencefile.h"
 #include "steplimits.h"
 
 #include <QObject>
@@ -17,14 +17,6 @@ using namespace tarn2::specific::orvo5000::programmer;
 namespace {
 
 const QChar comma = QLatin1Char(',');
-constexpr int headLines = 5;
-constexpr int maxCycles = 99999;
-
-QString tagOf(UploadMode mode)
-{
-    return mode == UploadMode::List ? QStringLiteral("LIST") : QStringLiteral("DELAYER");
-}
-
 QString nameOf(UploadMode mode)
 {
     return mode == UploadMode::List ? QObject::tr("List") : QObject::tr("Delayer");
@@ -113,14 +105,10 @@ ReadResult refused(const QString &error)
 
 std::optional<UploadMode> SequenceReader::modeOf(const QList<QString> &lines)
 {
-    if (lines.isEmpty())
+    UploadMode mode = List;
+    if (lines.isEmpty() || !SequenceFile::kindOf(lines.first(), &mode))
         return std::nullopt;
-    const QString tag = lines.first().section(comma, 0, 0);
-    if (tag == QLatin1String("LIST"))
-        return UploadMode::List;
-    if (tag == QLatin1String("DELAYER"))
-        return UploadMode::Delayer;
-    return std::nullopt;
+    return mode;
 }
 
 ReadResult
@@ -129,79 +117,73 @@ SequenceReader::readFile(const QList<QString> &lines, UploadMode mode, const Ste
     if (lines.isEmpty())
         return refused(QObject::tr("the file is empty or cannot be read"));
 
-    const QStringList head = lines.at(0).split(comma);
-    const std::optional<UploadMode> fileMode = modeOf(lines);
-    if (fileMode && *fileMode != mode)
-        return refused(atLine(
-            1,
-            QObject::tr("this is a %1 file, not a %2 file").arg(nameOf(*fileMode), nameOf(mode))));
-    if (!fileMode || head.size() < 2 || head.at(1) != QLatin1String("10"))
-        return refused(atLine(1,
-                              QObject::tr("\"%1\" is not the head of a %2 file (%3,10)")
-                                  .arg(lines.at(0).left(40), nameOf(mode), tagOf(mode))));
-    if (lines.size() < headLines - 1)
-        return refused(QObject::tr("line %1: the file ends before its head is complete")
-                           .arg(lines.size() + 1));
+    SequenceFile::Head head;
+    const SequenceFile::HeadProblem problem
+        = SequenceFile::readHead(lines, mode, limits.maxCount, true, &head);
+    const int problemLine = SequenceFile::lineOf(problem, lines);
+    switch (problem) {
+    case SequenceFile::HeadProblem::None:
+        break;
+    case SequenceFile::HeadProblem::OtherKind:
+        return refused(atLine(problemLine,
+                              QObject::tr("this is a %1 file, not a %2 file")
+                                  .arg(nameOf(mode == List ? Delayer : List), nameOf(mode))));
+    case SequenceFile::HeadProblem::NotASequence:
+        return refused(
+            atLine(problemLine,
+                   QObject::tr("\"%1\" is not the head of a %2 file (%3,10)")
+                       .arg(lines.at(0).left(40), nameOf(mode), SequenceFile::tag(mode))));
+    case SequenceFile::HeadProblem::Truncated:
+        return refused(
+            QObject::tr("line %1: the file ends before its head is complete").arg(problemLine));
+    case SequenceFile::HeadProblem::NoCycles:
+        return refused(atLine(problemLine, QObject::tr("the repeat count (Cycles) is missing")));
+    case SequenceFile::HeadProblem::CyclesRange:
+        return refused(atLine(problemLine,
+                              QObject::tr("the repeat count \"%1\" is not Infinite or a "
+                                          "number from 0 to %2")
+                                  .arg(head.cyclesText)
+                                  .arg(SequenceFile::maxCycles)));
+    case SequenceFile::HeadProblem::NoEndState:
+        return refused(atLine(problemLine, QObject::tr("the end state (End Status) is missing")));
+    case SequenceFile::HeadProblem::UnknownEndState:
+        return refused(atLine(problemLine,
+                              QObject::tr("the end state \"%1\" is not Output Off, Output On or "
+                                          "Last")
+                                  .arg(head.endState)));
+    case SequenceFile::HeadProblem::NoGroups:
+        return refused(atLine(problemLine, QObject::tr("the number of steps (Groups) is missing")));
+    case SequenceFile::HeadProblem::GroupsNotANumber:
+        return refused(
+            atLine(problemLine, QObject::tr("Groups \"%1\" is not a number").arg(head.groupsText)));
+    case SequenceFile::HeadProblem::GroupsAboveMax:
+        return refused(atLine(problemLine,
+                              QObject::tr("Groups %1 is above this instrument's %2")
+                                  .arg(head.groups)
+                                  .arg(limits.maxCount)));
+    case SequenceFile::HeadProblem::GroupsBelowOne:
+        return refused(atLine(problemLine, QObject::tr("Groups %1 is below 1").arg(head.groups)));
+    }
 
     ReadResult result;
     SequenceContent &content = result.content;
     content.mode = mode;
-
-    const QStringList cycles = lines.at(1).split(comma);
-    if (cycles.size() < 2 || cycles.at(0) != QLatin1String("Cycles"))
-        return refused(atLine(2, QObject::tr("the repeat count (Cycles) is missing")));
-    if (cycles.at(1) == QLatin1String("Infinite")) {
-        content.cycles = 0;
-    } else {
-        bool ok = false;
-        content.cycles = cycles.at(1).toInt(&ok);
-        if (!ok || content.cycles < 0 || content.cycles > maxCycles)
-            return refused(atLine(2,
-                                  QObject::tr("the repeat count \"%1\" is not Infinite or a "
-                                              "number from 0 to %2")
-                                      .arg(cycles.at(1))
-                                      .arg(maxCycles)));
-    }
-
-    const QStringList endState = lines.at(2).split(comma);
-    if (endState.size() < 2 || endState.at(0) != QLatin1String("End Status"))
-        return refused(atLine(3, QObject::tr("the end state (End Status) is missing")));
-    const QString &end = endState.at(1);
+    content.cycles = head.cycles;
     bool endsOn = false;
-    if (end == QLatin1String("Output Off")) {
+    if (head.endState == SequenceFile::endStateName(0)) {
         content.endState = QStringLiteral("OFF");
-    } else if (end == QLatin1String("Output On")) {
+    } else if (head.endState == SequenceFile::endStateName(1)) {
         content.endState = QStringLiteral("ON");
         endsOn = mode == UploadMode::List;
-    } else if (end == QLatin1String("Last")) {
+    } else {
         // The List tab has no Last; its loader leaves the end state as it was, and so do we.
         content.endState = mode == UploadMode::List ? QString() : QStringLiteral("LAST");
-    } else {
-        return refused(atLine(3,
-                              QObject::tr("the end state \"%1\" is not Output Off, Output On or "
-                                          "Last")
-                                  .arg(end)));
     }
 
-    const QStringList groups = lines.at(3).split(comma);
-    if (groups.size() < 2 || groups.at(0) != QLatin1String("Groups"))
-        return refused(atLine(4, QObject::tr("the number of steps (Groups) is missing")));
-    bool ok = false;
-    const int count = groups.at(1).toInt(&ok);
-    if (!ok)
-        return refused(atLine(4, QObject::tr("Groups \"%1\" is not a number").arg(groups.at(1))));
-    if (count > limits.maxCount)
-        return refused(atLine(4,
-                              QObject::tr("Groups %1 is above this instrument's %2")
-                                  .arg(count)
-                                  .arg(limits.maxCount)));
-    if (count < 1)
-        return refused(atLine(4, QObject::tr("Groups %1 is below 1").arg(count)));
-
-    const int fields = mode == UploadMode::List ? 4 : 3;
-    for (int i = headLines; i < lines.size(); ++i) {
+    const int fields = SequenceFile::fieldCount(mode);
+    for (int i = SequenceFile::headLines; i < lines.size(); ++i) {
         const int line = i + 1;
-        if (i - headLines >= limits.maxCount)
+        if (i - SequenceFile::headLines >= limits.maxCount)
             return refused(atLine(
                 line, QObject::tr("more steps than this instrument's %1").arg(limits.maxCount)));
         QStringList cells = lines.at(i).split(comma);
@@ -215,7 +197,7 @@ SequenceReader::readFile(const QList<QString> &lines, UploadMode mode, const Ste
             return refused(atLine(line, problem));
     }
     if (content.size() == 0)
-        return refused(atLine(headLines + 1, QObject::tr("the file holds no steps")));
+        return refused(atLine(SequenceFile::headLines + 1, QObject::tr("the file holds no steps")));
 
     if (endsOn) {
         result.refusedOnlyForEndState = true;
@@ -263,12 +245,6 @@ SequenceReader::readPasted(const QString &text, UploadMode mode, const StepLimit
     return result;
 }
 
-qint64 SequenceReader::sizeBound(int maxCount)
-{
-    // The head, and every step line at up to 256 bytes: far beyond what any saver writes.
-    return 4096 + static_cast<qint64>(qMax(0, maxCount)) * 256;
-}
-
 std::optional<QList<QString>>
 SequenceReader::readLines(const QString &path, int maxCount, QString *error)
 {
@@ -278,7 +254,7 @@ SequenceReader::readLines(const QString &path, int maxCount, QString *error)
             = QCoreApplication::translate("tarn::host::SequenceReader", "the file does not exist");
         return std::nullopt;
     }
-    const qint64 bound = sizeBound(maxCount);
+    const qint64 bound = SequenceFile::sizeBound(maxCount);
     if (info.size() > bound) {
         *error = QCoreApplication::translate("tarn::host::SequenceReader",
                                              "the file holds %1 bytes, more than a sequence of "
@@ -294,7 +270,8 @@ SequenceReader::readLines(const QString &path, int maxCount, QString *error)
         return std::nullopt;
     }
     file.close();
-    return tarn2::util::character::Character::csvLoad(path);
+    // One line beyond the instrument's count, to tell a file with too many steps.
+    return SequenceFile::readLines(path, maxCount + 1);
 }
 
 } // namespace tarn::host

@@ -1,6 +1,8 @@
 // What an instrument is: its identity, its limits and its channels, as a description file says.
 #pragma once
 
+#include <steplimits.h>
+
 #include <QHash>
 #include <QString>
 #include <QVector>
@@ -9,11 +11,7 @@
 
 namespace tarn::sim {
 
-struct Range
-{
-    double min = 0.0;
-    double max = 0.0;
-};
+using Range = host::Range;
 
 struct ChannelDescription
 {

@@ -1,7 +1,8 @@
 // A sequence as a tab holds it: its steps, repeat count and end state.
 #pragma once
 
-#include <records.h>
+#include "records.h"
+#include "tarn2_specific_export.h"
 
 #include <QList>
 #include <QString>
@@ -10,7 +11,7 @@ namespace tarn::host {
 
 // One of the two step lists is used, by `mode`. `endState` is the end-state combo's item data
 // ("OFF", "ON", "LAST"), as an upload carries it; `cycles` 0 repeats endlessly.
-struct SequenceContent
+struct TARN2_SPECIFIC_EXPORT SequenceContent
 {
     tarn2::specific::orvo5000::programmer::UploadMode mode
         = tarn2::specific::orvo5000::programmer::UploadMode::List;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "records.h"
+#include "tarn2_specific_export.h"
 
 #include <QStringList>
 #include <QVariant>
@@ -9,13 +10,13 @@
 namespace tarn2::specific::orvo5000::programmer::stepcells {
 
 // A number in fixed notation with the given decimals, as every step table shows it.
-QString number(double value, int decimals);
+TARN2_SPECIFIC_EXPORT QString number(double value, int decimals);
 
 // The cell of a List step at (row, column) for `role`, with the current option's decimals:
 // column 0 the 0-based row, then voltage, current and time. Anything else is invalid.
-QVariant listCell(const ListData &step, int row, int column, int role);
+TARN2_SPECIFIC_EXPORT QVariant listCell(const ListData &step, int row, int column, int role);
 
 // The horizontal header texts; vertical headers and other roles have none.
-QVariant header(const QStringList &headers, int section, Qt::Orientation orientation, int role);
+TARN2_SPECIFIC_EXPORT QVariant header(const QStringList &headers, int section, Qt::Orientation orientation, int role);
 
 } // namespace tarn2::specific::orvo5000::programmer::stepcells

@@ -12,7 +12,7 @@ class StepLimits;
 // SequenceReader applies the file format's head checks and, beyond them, the checks an instrument
 // would apply to each step, so that nothing the loader would silently skip, cut or read as 0
 // reaches the table. Errors name the 1-based line and the reason.
-class SequenceReader final
+class TARN2_SPECIFIC_EXPORT SequenceReader final
 {
 public:
     // List or Delayer by the file's first line; nothing for any other file.
@@ -24,7 +24,6 @@ public:
     // program huge. Nothing, with *error telling why, when the file is refused or unreadable.
     static std::optional<QList<QString>>
     readLines(const QString &path, int maxCount, QString *error);
-    static qint64 sizeBound(int maxCount);
 
     static ReadResult readFile(const QList<QString> &lines,
                                tarn2::specific::orvo5000::programmer::UploadMode mode,

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commandset.h"
-#include "steplimits.h"
+#include "channellimits.h"
 
 #include <QObject>
 #include <QVector>
