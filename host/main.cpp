@@ -1,6 +1,6 @@
 // tarn_bench_host: the bench engineer's program around the programmer dialog.
-#include "languages.h"
 #include "commandset.h"
+#include "languages.h"
 #include "window/demo.h"
 #include "window/mainwindow.h"
 
@@ -10,8 +10,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLocale>
-#include <QPushButton>
-#include <QTabWidget>
 
 #include <cstdio>
 
@@ -29,12 +27,11 @@ int fail(const QString &message)
 // The window with each tab's preview appended once, the way a user has it after a minute's work.
 int renderScreenshot(MainWindow &window, const QString &path, const QString &tab, QSize size)
 {
-    for (const char *button : {"btnListTemplateAppend", "btnDelayerTemplateAppend"}) {
-        if (auto *append = window.dialog()->findChild<QPushButton *>(QLatin1String(button)))
-            append->click();
-    }
-    if (auto *tabs = window.dialog()->findChild<QTabWidget *>(QStringLiteral("tabWidget")))
-        tabs->setCurrentIndex(tab == QLatin1String("delayer") ? 1 : 0);
+    using tarn2::specific::orvo5000::programmer::UploadMode;
+    window.dialog()->appendTemplate(UploadMode::List);
+    window.dialog()->appendTemplate(UploadMode::Delayer);
+    window.dialog()->setCurrentMode(tab == QLatin1String("delayer") ? UploadMode::Delayer
+                                                                    : UploadMode::List);
     window.resize(size);
     window.show();
     QApplication::processEvents();

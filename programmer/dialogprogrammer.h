@@ -62,6 +62,42 @@ public:
     const QList<ListData> &listSequence() const;
     const QList<DelayerData> &delayerSequence() const;
 
+    // For a host that builds on the dialog: replacing a tab's sequence as a load does (the table,
+    // the step counter and the plot follow; `endState` is the end-state item's data, "OFF", "ON"
+    // or "LAST", and any other clears the choice, as a load does), the tab in front, a step's
+    // row, the current template appended, the status line, and the controls a host decorates.
+    void setListSequence(const QList<ListData> &steps, int cycles, const QString &endState);
+    void setDelayerSequence(const QList<DelayerData> &steps, int cycles, const QString &endState);
+    UploadMode currentMode() const;
+    void setCurrentMode(UploadMode mode);
+    // Selects the 0-based row of a step and scrolls to it; nothing for a row the table lacks.
+    void selectStep(UploadMode mode, int row);
+    void appendTemplate(UploadMode mode);
+    QString statusMessage() const;
+    enum class Control {
+        Tabs,
+        Channel,
+        Cycles,
+        EndState,
+        Steps,
+        StepCount,
+        TemplateSteps,
+        TemplateType,
+        TemplateObject,
+        TemplateReset,
+        TemplateResetAll,
+        TemplateAppend,
+        TemplateInsert,
+        Save,
+        Load,
+        Upload,
+    };
+    // Null for a control the tab of `mode` does not have (the Delayer has no reset buttons).
+    QWidget *control(UploadMode mode, Control control) const;
+    QTableView *sequenceView(UploadMode mode) const;
+    // Gives each template editor without a tool tip the text of the label beside it.
+    void explainEditorsByTheirLabels();
+
     void uploaderStart(UploadMode mode);
     void setupUploader(UploadMode mode);
     UploadParam getUploadParamFromUI(UploadMode mode);

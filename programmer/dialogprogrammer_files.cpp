@@ -134,17 +134,9 @@ void DialogProgrammer::on_actionloadList_triggered()
     QList<ListData> datas;
     emit listLoadFromCSV(datas, param);
 
-    // What the handler left in param wins over what the loader put into the widgets.
-    ui->sbListCycles->setValue(param.cycles);
-    ui->cbbListEndState->setCurrentIndex(ui->cbbListEndState->findData(param.endState));
-    // Unconditional: a handler that leaves datas empty empties the sequence.
-    listDataModel->setSourceData(datas);
-    selectTvItems(
-        ui->tvList,
-        listDataModel->index(0, 0),
-        listDataModel->index(listDataModel->rowCount() - 1, listDataModel->columnCount() - 1));
-    ui->tvList->setFocus(Qt::OtherFocusReason);
-    updateListGroupsWidget();
+    // What the handler left in param wins over what the loader put into the widgets, and the
+    // steps replace the sequence unconditionally: a handler that leaves datas empty empties it.
+    setListSequence(datas, param.cycles, param.endState);
 }
 
 void DialogProgrammer::on_actionLoadDelayer_triggered()
@@ -153,15 +145,7 @@ void DialogProgrammer::on_actionLoadDelayer_triggered()
     QList<DelayerData> datas;
     emit delayerLoadFromCSV(datas, param);
 
-    ui->sbDelayerCycles->setValue(param.cycles);
-    ui->cbbDelayerEndState->setCurrentIndex(ui->cbbDelayerEndState->findData(param.endState));
-    delayerDataModel->setSourceData(datas);
-    selectTvItems(ui->tvDelayer,
-                  delayerDataModel->index(0, 0),
-                  delayerDataModel->index(delayerDataModel->rowCount() - 1,
-                                          delayerDataModel->columnCount() - 1));
-    ui->tvDelayer->setFocus(Qt::OtherFocusReason);
-    updateDelayerGroupsWidget();
+    setDelayerSequence(datas, param.cycles, param.endState);
 }
 
 } // namespace tarn2::specific::orvo5000::programmer

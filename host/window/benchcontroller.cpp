@@ -1,19 +1,18 @@
 // Connecting, uploading through the session, and telling the user how it went.
 #include "benchcontroller.h"
 
-#include "instrumentlink.h"
-#include "linkfactory.h"
-#include "prompter.h"
 #include "commandchannel.h"
+#include "instrumentlink.h"
 #include "limitsprobe.h"
+#include "linkfactory.h"
 #include "preflight.h"
+#include "prompter.h"
 #include "replyparser.h"
 #include "statusmonitor.h"
 
 #include <dialogprogrammer.h>
 
 #include <QItemSelectionModel>
-#include <QTableView>
 #include <QTimer>
 
 namespace tarn::host {
@@ -281,15 +280,7 @@ void BenchController::showOutcome(const UploadOutcome &outcome)
             m_dialog->showInfo(outcome.message, 0);
         else
             m_dialog->showError(outcome.message, 0);
-        auto *view = m_dialog->findChild<QTableView *>(
-            m_uploadMode == static_cast<int>(UploadMode::List) ? QStringLiteral("tvList")
-                                                               : QStringLiteral("tvDelayer"));
-        if (outcome.row >= 0 && view && view->model() && outcome.row < view->model()->rowCount()) {
-            const QModelIndex index = view->model()->index(outcome.row, 0);
-            view->selectionModel()->setCurrentIndex(
-                index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-            view->scrollTo(index);
-        }
+        m_dialog->selectStep(static_cast<UploadMode>(m_uploadMode), outcome.row);
     }
     emit uploadEnded(outcome);
 }

@@ -2,8 +2,8 @@
 #include "demo.h"
 
 #include "mainwindow.h"
-#include "runview.h"
 #include "runsession.h"
+#include "runview.h"
 #include "sequencereader.h"
 
 #include <character.h>
@@ -13,9 +13,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QPushButton>
 #include <QSettings>
-#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -59,9 +57,7 @@ int runDemo(const sim::InstrumentDescription &description,
         }
         fileMode = SequenceReader::modeOf(*lines);
         if (!fileMode || !window.openSequenceFile(sequencePath)) {
-            std::fprintf(stderr,
-                         "demo: %s\n",
-                         qPrintable(window.dialog()->findChild<QStatusBar *>()->currentMessage()));
+            std::fprintf(stderr, "demo: %s\n", qPrintable(window.dialog()->statusMessage()));
             return 1;
         }
     }
@@ -86,9 +82,7 @@ int runDemo(const sim::InstrumentDescription &description,
                                  window.dialog()->uploaderStart(*fileMode);
                                  return;
                              }
-                             if (auto *append = window.dialog()->findChild<QPushButton *>(
-                                     QStringLiteral("btnListTemplateAppend")))
-                                 append->click();
+                             window.dialog()->appendTemplate(UploadMode::List);
                              window.dialog()->uploaderStart(UploadMode::List);
                          } else if (state == BenchController::State::Disconnected) {
                              std::printf("demo: %s\n", qPrintable(message));

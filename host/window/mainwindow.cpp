@@ -1,11 +1,11 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
 
+#include "instrumentoption.h"
 #include "instrumentstatusview.h"
 #include "runview.h"
 #include "sequenceeditor.h"
 #include "sequencefiles.h"
-#include "instrumentoption.h"
 #include "trafficpanel.h"
 #include "widgetprompter.h"
 
@@ -160,21 +160,10 @@ void MainWindow::createConnectionBar()
 void MainWindow::createMenus()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
-    struct Entry
-    {
-        QString text;
-        const char *action;
-    };
-    const Entry entries[] = {
-        {tr("Save List..."), "actionSaveList"},
-        {tr("Load List..."), "actionloadList"},
-        {tr("Save Delayer..."), "actionSaveDelayer"},
-        {tr("Load Delayer..."), "actionLoadDelayer"},
-    };
-    for (const Entry &entry : entries) {
-        const char *name = entry.action;
-        file->addAction(entry.text, this, [this, name] { triggerDialogAction(name); });
-    }
+    file->addAction(tr("Save List..."), this, [this] { m_files->save(UploadMode::List); });
+    file->addAction(tr("Load List..."), this, [this] { m_files->load(UploadMode::List); });
+    file->addAction(tr("Save Delayer..."), this, [this] { m_files->save(UploadMode::Delayer); });
+    file->addAction(tr("Load Delayer..."), this, [this] { m_files->load(UploadMode::Delayer); });
     file->addSeparator();
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
@@ -278,12 +267,6 @@ void MainWindow::rememberAddress(const QString &address)
     if (m_address->findText(address) < 0)
         m_address->insertItem(0, address);
     m_address->setCurrentIndex(0);
-}
-
-void MainWindow::triggerDialogAction(const char *name)
-{
-    if (auto *action = m_dialog->findChild<QAction *>(QLatin1String(name)))
-        action->trigger();
 }
 
 void MainWindow::showAbout()

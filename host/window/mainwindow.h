@@ -60,7 +60,6 @@ private:
     void createStatusBar(const sim::InstrumentDescription &description);
     void showState(BenchController::State state, const QString &message);
     void rememberAddress(const QString &address);
-    void triggerDialogAction(const char *name);
     void showAbout();
 
     tarn2::specific::orvo5000::programmer::DialogProgrammer *m_dialog;

@@ -5,18 +5,16 @@
 #include "sequencefiles.h"
 #include "sequencehistory.h"
 #include "sequencereader.h"
-#include "steplimits.h"
 #include "sessionstore.h"
+#include "steplimits.h"
 
 #include <dialogprogrammer.h>
 #include <helper.h>
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -27,8 +25,6 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QUndoStack>
-
-#include <map>
 
 namespace tarn::host {
 
@@ -42,11 +38,6 @@ const UploadMode modes[] = {UploadMode::List, UploadMode::Delayer};
 QString tabName(UploadMode mode)
 {
     return mode == UploadMode::List ? QObject::tr("List") : QObject::tr("Delayer");
-}
-
-QString name(UploadMode mode, const char *list, const char *delayer)
-{
-    return QLatin1String(mode == UploadMode::List ? list : delayer);
 }
 
 } // namespace
@@ -70,8 +61,10 @@ SequenceEditor::SequenceEditor(QMainWindow *window, DialogProgrammer *dialog, Se
         });
         connect(history->stack(), &QUndoStack::indexChanged, this, &SequenceEditor::updateActions);
     }
-    if (auto *tabs = dialog->findChild<QTabWidget *>(QStringLiteral("tabWidget")))
+    if (auto *tabs = qobject_cast<QTabWidget *>(
+            dialog->control(UploadMode::List, DialogProgrammer::Control::Tabs))) {
         connect(tabs, &QTabWidget::currentChanged, this, &SequenceEditor::updateActions);
+    }
     // A dialog that is rejected anyway (Escape reaching it by a path the window does not see)
     // comes straight back instead of leaving an empty window.
     connect(dialog, &QDialog::finished, dialog, &QWidget::show);
@@ -98,13 +91,12 @@ SequenceHistory *SequenceEditor::history(UploadMode mode) const
 
 UploadMode SequenceEditor::shownMode() const
 {
-    const auto *tabs = m_dialog->findChild<QTabWidget *>(QStringLiteral("tabWidget"));
-    return tabs && tabs->currentIndex() == 1 ? UploadMode::Delayer : UploadMode::List;
+    return m_dialog->currentMode();
 }
 
 QTableView *SequenceEditor::view(UploadMode mode) const
 {
-    return m_dialog->findChild<QTableView *>(name(mode, "tvList", "tvDelayer"));
+    return m_dialog->sequenceView(mode);
 }
 
 bool SequenceEditor::editable() const
@@ -199,10 +191,10 @@ void SequenceEditor::addEditMenu()
 void SequenceEditor::addDurationLabels()
 {
     for (UploadMode mode : modes) {
-        auto *counter
-            = m_dialog->findChild<QSpinBox *>(name(mode, "sbListGroups", "sbDelayerGroups"));
+        QWidget *counter = m_dialog->control(mode, DialogProgrammer::Control::StepCount);
         auto *label = new QLabel(counter->parentWidget());
-        label->setObjectName(name(mode, "listDuration", "delayerDuration"));
+        label->setObjectName(mode == UploadMode::List ? QStringLiteral("listDuration")
+                                                      : QStringLiteral("delayerDuration"));
         // Under the counter, across the whole row: translated totals run longer than the
         // counter's own columns are wide. Words wrap only where even the row is too narrow.
         label->setWordWrap(true);
@@ -219,70 +211,61 @@ void SequenceEditor::addDurationLabels()
 
 void SequenceEditor::addToolTips()
 {
-    const std::map<QString, QString> tips = {
-        {QStringLiteral("cbbListCH"), tr("The channel the List sequence is uploaded to")},
-        {QStringLiteral("cbbDelayerCH"), tr("The channel the Delayer sequence is uploaded to")},
-        {QStringLiteral("sbListCycles"),
+    using Control = DialogProgrammer::Control;
+    struct Tip
+    {
+        UploadMode mode;
+        Control control;
+        QString text;
+    };
+    const UploadMode list = UploadMode::List;
+    const UploadMode delayer = UploadMode::Delayer;
+    const Tip tips[] = {
+        {list, Control::Channel, tr("The channel the List sequence is uploaded to")},
+        {delayer, Control::Channel, tr("The channel the Delayer sequence is uploaded to")},
+        {list,
+         Control::Cycles,
          tr("How often the instrument runs the sequence; Infinite repeats it until stopped")},
-        {QStringLiteral("sbDelayerCycles"),
+        {delayer,
+         Control::Cycles,
          tr("How often the instrument runs the sequence; Infinite repeats it until stopped")},
-        {QStringLiteral("cbbListEndState"), tr("The output's state after the last step")},
-        {QStringLiteral("cbbDelayerEndState"), tr("The output's state after the last step")},
-        {QStringLiteral("tvList"),
+        {list, Control::EndState, tr("The output's state after the last step")},
+        {delayer, Control::EndState, tr("The output's state after the last step")},
+        {list,
+         Control::Steps,
          tr("The List sequence: double-click a cell to edit it; right-click to add or remove "
             "steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows")},
-        {QStringLiteral("tvDelayer"),
+        {delayer,
+         Control::Steps,
          tr("The Delayer sequence: double-click a cell to edit it; right-click to add or remove "
             "steps; Delete removes the selected rows; Ctrl+C and Ctrl+V copy and paste rows")},
-        {QStringLiteral("tvListTemplate"), tr("The steps the template makes")},
-        {QStringLiteral("tvDelayerTemplate"), tr("The steps the template makes")},
-        {QStringLiteral("cbbListTempType"), tr("The waveform the template makes")},
-        {QStringLiteral("cbbListTempObject"), tr("Whether the waveform shapes voltage or current")},
-        {QStringLiteral("cbbDelayerTempType"), tr("How the step times develop")},
-        {QStringLiteral("cbbDelayerTempPattern"), tr("Whether the pattern starts On or Off")},
-        {QStringLiteral("btnReset"), tr("Put this template back to its defaults")},
-        {QStringLiteral("btnResetAll"), tr("Put every List template back to its defaults")},
-        {QStringLiteral("btnListTemplateAppend"),
-         tr("Add the template's steps after the last step")},
-        {QStringLiteral("btnListTemplateInsert"),
-         tr("Add the template's steps before the selected step")},
-        {QStringLiteral("btnDelayerTemplateAppend"),
-         tr("Add the template's steps after the last step")},
-        {QStringLiteral("btnDelayerTemplateInsert"),
-         tr("Add the template's steps before the selected step")},
-        {QStringLiteral("btnListSave"), tr("Save the List sequence to a CSV file (Ctrl+S)")},
-        {QStringLiteral("btnDelayerSave"), tr("Save the Delayer sequence to a CSV file (Ctrl+S)")},
-        {QStringLiteral("btnListLoad"), tr("Load a List sequence from a CSV file (Ctrl+O)")},
-        {QStringLiteral("btnDelayerLoad"), tr("Load a Delayer sequence from a CSV file (Ctrl+O)")},
-        {QStringLiteral("btnListUpload"),
-         tr("Check the List sequence and send it to the instrument")},
-        {QStringLiteral("btnDelayerUpload"),
-         tr("Check the Delayer sequence and send it to the instrument")},
+        {list, Control::TemplateSteps, tr("The steps the template makes")},
+        {delayer, Control::TemplateSteps, tr("The steps the template makes")},
+        {list, Control::TemplateType, tr("The waveform the template makes")},
+        {list, Control::TemplateObject, tr("Whether the waveform shapes voltage or current")},
+        {delayer, Control::TemplateType, tr("How the step times develop")},
+        {delayer, Control::TemplateObject, tr("Whether the pattern starts On or Off")},
+        {list, Control::TemplateReset, tr("Put this template back to its defaults")},
+        {list, Control::TemplateResetAll, tr("Put every List template back to its defaults")},
+        {list, Control::TemplateAppend, tr("Add the template's steps after the last step")},
+        {list, Control::TemplateInsert, tr("Add the template's steps before the selected step")},
+        {delayer, Control::TemplateAppend, tr("Add the template's steps after the last step")},
+        {delayer, Control::TemplateInsert, tr("Add the template's steps before the selected step")},
+        {list, Control::Save, tr("Save the List sequence to a CSV file (Ctrl+S)")},
+        {delayer, Control::Save, tr("Save the Delayer sequence to a CSV file (Ctrl+S)")},
+        {list, Control::Load, tr("Load a List sequence from a CSV file (Ctrl+O)")},
+        {delayer, Control::Load, tr("Load a Delayer sequence from a CSV file (Ctrl+O)")},
+        {list, Control::Upload, tr("Check the List sequence and send it to the instrument")},
+        {delayer, Control::Upload, tr("Check the Delayer sequence and send it to the instrument")},
     };
-    for (const auto &[object, tip] : tips) {
-        if (auto *widget = m_dialog->findChild<QWidget *>(object);
-            widget && widget->toolTip().isEmpty())
-            widget->setToolTip(tip);
+    for (const Tip &tip : tips) {
+        if (QWidget *widget = m_dialog->control(tip.mode, tip.control);
+            widget && widget->toolTip().isEmpty()) {
+            widget->setToolTip(tip.text);
+        }
     }
     // The template editors are explained by the label beside them.
-    for (QWidget *widget : m_dialog->findChildren<QWidget *>()) {
-        if (!widget->toolTip().isEmpty()
-            || !(qobject_cast<QAbstractSpinBox *>(widget) || qobject_cast<QComboBox *>(widget)
-                 || qobject_cast<QAbstractButton *>(widget))) {
-            continue;
-        }
-        auto *grid = widget->parentWidget()
-                         ? qobject_cast<QGridLayout *>(widget->parentWidget()->layout())
-                         : nullptr;
-        const int index = grid ? grid->indexOf(widget) : -1;
-        if (index < 0)
-            continue;
-        int row = 0, column = 0, rowSpan = 0, columnSpan = 0;
-        grid->getItemPosition(index, &row, &column, &rowSpan, &columnSpan);
-        QLayoutItem *left = column > 0 ? grid->itemAtPosition(row, column - 1) : nullptr;
-        if (auto *label = left ? qobject_cast<QLabel *>(left->widget()) : nullptr)
-            widget->setToolTip(label->text().remove(QLatin1Char(':')).trimmed());
-    }
+    m_dialog->explainEditorsByTheirLabels();
 }
 
 QString SequenceEditor::durationText(UploadMode mode) const
@@ -315,7 +298,8 @@ void SequenceEditor::refresh(UploadMode mode)
     QLabel *label = mode == UploadMode::List ? m_listDuration : m_delayerDuration;
     if (label)
         label->setText(durationText(mode));
-    auto *counter = m_dialog->findChild<QSpinBox *>(name(mode, "sbListGroups", "sbDelayerGroups"));
+    auto *counter
+        = qobject_cast<QSpinBox *>(m_dialog->control(mode, DialogProgrammer::Control::StepCount));
     const int count = counter->value();
     const int most = m_files->maxCount();
     counter->setToolTip(count > most ? tr("Red: %1 steps are more than the %2 this instrument "

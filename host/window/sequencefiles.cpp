@@ -1,20 +1,17 @@
 // Saving and loading sequences, with the checks that keep the user's work.
 #include "sequencefiles.h"
 
+#include "channellimits.h"
 #include "prompter.h"
 #include "sequencereader.h"
-#include "channellimits.h"
 
 #include <character.h>
 #include <dialogprogrammer.h>
 
-#include <QAction>
-#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-#include <QTabWidget>
 
 namespace tarn::host {
 
@@ -81,9 +78,7 @@ void SequenceFiles::rememberFolder(const QString &path)
 
 StepLimits SequenceFiles::limits(UploadMode mode) const
 {
-    const auto *channel = m_dialog->findChild<QComboBox *>(
-        mode == UploadMode::List ? QStringLiteral("cbbListCH") : QStringLiteral("cbbDelayerCH"));
-    return stepLimitsFor(m_description, channel ? channel->currentIndex() : 0);
+    return stepLimitsFor(m_description, m_dialog->getUploadParamFromUI(mode).channel - 1);
 }
 
 SequenceContent SequenceFiles::current(UploadMode mode) const
@@ -100,31 +95,47 @@ SequenceContent SequenceFiles::current(UploadMode mode) const
     return content;
 }
 
-void SequenceFiles::triggerDialogAction(UploadMode mode, bool save)
-{
-    const char *name = mode == UploadMode::List
-                           ? (save ? "actionSaveList" : "actionloadList")
-                           : (save ? "actionSaveDelayer" : "actionLoadDelayer");
-    if (auto *action = m_dialog->findChild<QAction *>(QLatin1String(name)))
-        action->trigger();
-}
-
 void SequenceFiles::replace(const SequenceContent &content)
 {
-    m_pending = content;
-    triggerDialogAction(content.mode, false);
-    m_pending.reset();
+    const QString endState = content.endState.isEmpty()
+                                 ? m_dialog->getUploadParamFromUI(content.mode).endState
+                                 : content.endState;
+    if (content.mode == UploadMode::List)
+        m_dialog->setListSequence(content.list, content.cycles, endState);
+    else
+        m_dialog->setDelayerSequence(content.delayer, content.cycles, endState);
 }
 
 void SequenceFiles::load(UploadMode mode)
 {
-    triggerDialogAction(mode, false);
+    loadFrom(mode, QString());
+}
+
+bool SequenceFiles::loadFrom(UploadMode mode, const QString &path)
+{
+    const std::optional<SequenceContent> content = readForLoad(mode, path);
+    if (!content)
+        return false;
+    replace(*content);
+    emit loaded(mode);
+    return true;
 }
 
 bool SequenceFiles::save(UploadMode mode)
 {
     m_lastSaveWritten = false;
-    triggerDialogAction(mode, true);
+    const UploadParam param = m_dialog->getUploadParamFromUI(mode);
+    if (mode == UploadMode::List) {
+        const QList<ListData> &steps = m_dialog->listSequence();
+        handleSave(mode, steps.size(), param, [this, &steps](const QString &path) {
+            return m_dialog->listSaveData(path, steps);
+        });
+    } else {
+        const QList<DelayerData> &steps = m_dialog->delayerSequence();
+        handleSave(mode, steps.size(), param, [this, &steps](const QString &path) {
+            return m_dialog->delayerSaveData(path, steps);
+        });
+    }
     return m_lastSaveWritten;
 }
 
@@ -144,18 +155,12 @@ bool SequenceFiles::openFile(const QString &path)
             m_prompter->warning(m_dialog, tr("Open Sequence"), text);
         return false;
     }
-    if (auto *tabs = m_dialog->findChild<QTabWidget *>(QStringLiteral("tabWidget")))
-        tabs->setCurrentIndex(*mode == UploadMode::List ? 0 : 1);
-    m_pendingPath = path;
-    m_lastLoadRead = false;
-    triggerDialogAction(*mode, false);
-    m_pendingPath.clear();
-    return m_lastLoadRead;
+    m_dialog->setCurrentMode(*mode);
+    return loadFrom(*mode, path);
 }
 
-std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode)
+std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode, QString path)
 {
-    QString path = m_pendingPath;
     if (path.isEmpty() && m_prompter)
         path = m_prompter->openFileName(m_dialog, tr("Load %1").arg(tabName(mode)), lastFolder());
     if (path.isEmpty())
@@ -200,12 +205,8 @@ void SequenceFiles::handleLoad(UploadMode mode,
                                QList<DelayerData> *delayer,
                                UploadParam &param)
 {
-    std::optional<SequenceContent> content = m_pending;
-    bool fromFile = false;
-    if (!content) {
-        content = readForLoad(mode);
-        fromFile = content.has_value();
-    }
+    std::optional<SequenceContent> content = readForLoad(mode, QString());
+    const bool fromFile = content.has_value();
     // Whatever is not replaced goes back into the dialog as it was: its load empties otherwise.
     if (!content)
         content = current(mode);
@@ -216,7 +217,6 @@ void SequenceFiles::handleLoad(UploadMode mode,
     param.cycles = content->cycles;
     if (!content->endState.isEmpty())
         param.endState = content->endState;
-    m_lastLoadRead = fromFile;
     if (fromFile)
         emit loaded(mode);
 }

@@ -22,10 +22,10 @@ class Prompter;
 class StepLimits;
 
 // SequenceFiles absorbs the dialog's load behaviour, which empties the sequence whenever the
-// handler leaves the list empty: a cancelled, refused or unreadable load hands the current
-// sequence back, so nothing on screen is lost. Every replacement of a sequence by the host (a
-// file, an undo, a paste) goes through the dialog's own load action, which refreshes the table,
-// the step counter and the plot.
+// handler leaves the list empty: a cancelled, refused or unreadable load through the dialog's own
+// Load hands the current sequence back, so nothing on screen is lost. The host's own loads and
+// every other replacement (an undo, a paste) replace the sequence through the dialog's public
+// functions, which refresh the table, the step counter and the plot as a load does.
 class SequenceFiles final : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
 
     // Opens a file in the tab its first line names; false, with the user told why, when refused.
     bool openFile(const QString &path);
-    // Asks for a file and loads it into the tab of `mode`, as the dialog's load action does.
+    // Asks for a file and loads it into the tab of `mode`.
     void load(UploadMode mode);
     // Saves the tab's sequence; true when it was written.
     bool save(UploadMode mode);
@@ -64,22 +64,20 @@ private:
                     QList<tarn2::specific::orvo5000::programmer::ListData> *list,
                     QList<tarn2::specific::orvo5000::programmer::DelayerData> *delayer,
                     tarn2::specific::orvo5000::programmer::UploadParam &param);
-    std::optional<SequenceContent> readForLoad(UploadMode mode);
+    // A checked file's content, the user told why when it is refused; asks for a file when
+    // `path` is empty.
+    std::optional<SequenceContent> readForLoad(UploadMode mode, QString path);
+    bool loadFrom(UploadMode mode, const QString &path);
     void handleSave(UploadMode mode,
                     int count,
                     const tarn2::specific::orvo5000::programmer::UploadParam &param,
                     const std::function<bool(const QString &)> &write);
     QString writeFailure(const QString &path) const;
-    void triggerDialogAction(UploadMode mode, bool save);
     static void rememberFolder(const QString &path);
 
     QPointer<tarn2::specific::orvo5000::programmer::DialogProgrammer> m_dialog;
     sim::InstrumentDescription m_description;
     Prompter *m_prompter = nullptr;
-    // What the next load signal is to apply instead of asking for a file.
-    std::optional<SequenceContent> m_pending;
-    QString m_pendingPath;
-    bool m_lastLoadRead = false;
     bool m_lastSaveWritten = false;
 };
 

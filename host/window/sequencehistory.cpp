@@ -97,19 +97,16 @@ SequenceHistory::SequenceHistory(UploadMode mode, DialogProgrammer *dialog, Sequ
     connect(m_timer, &QTimer::timeout, this, &SequenceHistory::commit);
     m_baseline = m_files->current(mode);
 
-    const bool list = mode == UploadMode::List;
-    auto *view = dialog->findChild<QTableView *>(list ? QStringLiteral("tvList")
-                                                      : QStringLiteral("tvDelayer"));
-    QAbstractItemModel *model = view->model();
+    QAbstractItemModel *model = dialog->sequenceView(mode)->model();
     connect(model, &QAbstractItemModel::rowsInserted, this, &SequenceHistory::schedule);
     connect(model, &QAbstractItemModel::rowsRemoved, this, &SequenceHistory::schedule);
     connect(model, &QAbstractItemModel::dataChanged, this, &SequenceHistory::schedule);
     connect(model, &QAbstractItemModel::modelReset, this, &SequenceHistory::schedule);
-    auto *cycles = dialog->findChild<QSpinBox *>(list ? QStringLiteral("sbListCycles")
-                                                      : QStringLiteral("sbDelayerCycles"));
+    auto *cycles
+        = qobject_cast<QSpinBox *>(dialog->control(mode, DialogProgrammer::Control::Cycles));
     connect(cycles, qOverload<int>(&QSpinBox::valueChanged), this, &SequenceHistory::schedule);
-    auto *endState = dialog->findChild<QComboBox *>(list ? QStringLiteral("cbbListEndState")
-                                                         : QStringLiteral("cbbDelayerEndState"));
+    auto *endState
+        = qobject_cast<QComboBox *>(dialog->control(mode, DialogProgrammer::Control::EndState));
     connect(endState,
             qOverload<int>(&QComboBox::currentIndexChanged),
             this,
