@@ -236,38 +236,6 @@
 <context>
     <name>tarn::host::BenchController</name>
     <message>
-        <source>no answer within %1 s</source>
-        <translation>keine Antwort innerhalb von %1 s</translation>
-    </message>
-    <message>
-        <source>Connecting to %1</source>
-        <translation>Verbinde mit %1</translation>
-    </message>
-    <message>
-        <source>(no identity)</source>
-        <translation>(keine Kennung)</translation>
-    </message>
-    <message>
-        <source>Connected to %1</source>
-        <translation>Verbunden mit %1</translation>
-    </message>
-    <message>
-        <source>The connection to %1 was lost: %2</source>
-        <translation>Die Verbindung zu %1 ist abgebrochen: %2</translation>
-    </message>
-    <message>
-        <source>Could not connect to %1: %2</source>
-        <translation>Keine Verbindung zu %1 möglich: %2</translation>
-    </message>
-    <message>
-        <source>disconnected by the user</source>
-        <translation>vom Benutzer getrennt</translation>
-    </message>
-    <message>
-        <source>Disconnected</source>
-        <translation>Getrennt</translation>
-    </message>
-    <message>
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
         <translation>%1 (%2 von %3 Schritten gesendet; mehr fasst das Gerät nicht)</translation>
     </message>
@@ -288,12 +256,47 @@ Nur die ersten %2 Schritte übertragen?</translation>
         <translation>Nicht übertragen: die Sequenz ist länger, als das Gerät fasst</translation>
     </message>
     <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>Nicht übertragen: die Verbindung wird noch aufgebaut; nach dem Verbinden übertragen</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::InstrumentConnection</name>
+    <message>
+        <source>no answer within %1 s</source>
+        <translation>keine Antwort innerhalb von %1 s</translation>
+    </message>
+    <message>
+        <source>Connecting to %1</source>
+        <translation>Verbinde mit %1</translation>
+    </message>
+    <message>
+        <source>(no identity)</source>
+        <translation>(keine Kennung)</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Verbunden mit %1</translation>
+    </message>
+    <message>
         <source>Connected to %1; it did not tell its limits, so those of the instrument description apply</source>
         <translation>Verbunden mit %1; das Gerät nennt seine Grenzen nicht, daher gelten die der Gerätebeschreibung</translation>
     </message>
     <message>
-        <source>Not uploaded: still connecting; upload once connected</source>
-        <translation>Nicht übertragen: die Verbindung wird noch aufgebaut; nach dem Verbinden übertragen</translation>
+        <source>The connection to %1 was lost: %2</source>
+        <translation>Die Verbindung zu %1 ist abgebrochen: %2</translation>
+    </message>
+    <message>
+        <source>Could not connect to %1: %2</source>
+        <translation>Keine Verbindung zu %1 möglich: %2</translation>
+    </message>
+    <message>
+        <source>disconnected by the user</source>
+        <translation>vom Benutzer getrennt</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Getrennt</translation>
     </message>
 </context>
 <context>

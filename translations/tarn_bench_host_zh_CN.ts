@@ -233,38 +233,6 @@
 <context>
     <name>tarn::host::BenchController</name>
     <message>
-        <source>no answer within %1 s</source>
-        <translation>%1 秒内无应答</translation>
-    </message>
-    <message>
-        <source>Connecting to %1</source>
-        <translation>正在连接 %1</translation>
-    </message>
-    <message>
-        <source>(no identity)</source>
-        <translation>(无标识)</translation>
-    </message>
-    <message>
-        <source>Connected to %1</source>
-        <translation>已连接到 %1</translation>
-    </message>
-    <message>
-        <source>The connection to %1 was lost: %2</source>
-        <translation>与 %1 的连接已断开：%2</translation>
-    </message>
-    <message>
-        <source>Could not connect to %1: %2</source>
-        <translation>无法连接到 %1:%2</translation>
-    </message>
-    <message>
-        <source>disconnected by the user</source>
-        <translation>已由用户断开</translation>
-    </message>
-    <message>
-        <source>Disconnected</source>
-        <translation>已断开</translation>
-    </message>
-    <message>
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
         <translation>%1（已发送 %2/%3 步；仪器无法容纳更多步骤）</translation>
     </message>
@@ -285,12 +253,47 @@ Upload only the first %2 steps?</source>
         <translation>未上传：序列超出了仪器可容纳的步数</translation>
     </message>
     <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>未上传：仍在连接中；连接后再上传</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::InstrumentConnection</name>
+    <message>
+        <source>no answer within %1 s</source>
+        <translation>%1 秒内无应答</translation>
+    </message>
+    <message>
+        <source>Connecting to %1</source>
+        <translation>正在连接 %1</translation>
+    </message>
+    <message>
+        <source>(no identity)</source>
+        <translation>(无标识)</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>已连接到 %1</translation>
+    </message>
+    <message>
         <source>Connected to %1; it did not tell its limits, so those of the instrument description apply</source>
         <translation>已连接到 %1；仪器未告知其限值，因此采用仪器描述中的限值</translation>
     </message>
     <message>
-        <source>Not uploaded: still connecting; upload once connected</source>
-        <translation>未上传：仍在连接中；连接后再上传</translation>
+        <source>The connection to %1 was lost: %2</source>
+        <translation>与 %1 的连接已断开：%2</translation>
+    </message>
+    <message>
+        <source>Could not connect to %1: %2</source>
+        <translation>无法连接到 %1:%2</translation>
+    </message>
+    <message>
+        <source>disconnected by the user</source>
+        <translation>已由用户断开</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>已断开</translation>
     </message>
 </context>
 <context>

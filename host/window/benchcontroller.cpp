@@ -3,16 +3,13 @@
 
 #include "commandchannel.h"
 #include "instrumentlink.h"
-#include "limitsprobe.h"
 #include "linkfactory.h"
 #include "preflight.h"
 #include "prompter.h"
-#include "replyparser.h"
 #include "statusmonitor.h"
 
 #include <dialogprogrammer.h>
 
-#include <QItemSelectionModel>
 #include <QTimer>
 
 namespace tarn::host {
@@ -27,37 +24,38 @@ BenchController::BenchController(DialogProgrammer *dialog,
     , m_dialog(dialog)
     , m_description(description)
     , m_commands(commands)
-    , m_channel(new CommandChannel(this))
-    , m_session(new UploadSession(m_channel, description, commands, this))
-    , m_run(new RunSession(m_channel, description, commands, this))
-    , m_probe(new LimitsProbe(m_channel, commands, this))
-    , m_status(new StatusMonitor(m_channel, commands, description.channels.size(), this))
-    , m_connectTimer(new QTimer(this))
+    , m_connection(new InstrumentConnection(
+          description,
+          commands,
+          [description](const QString &address, QString *error) {
+              return createLink(address, description, error);
+          },
+          this))
+    , m_session(new UploadSession(m_connection->channel(), description, commands, this))
+    , m_run(new RunSession(m_connection->channel(), description, commands, this))
 {
-    qRegisterMetaType<tarn::host::BenchController::State>();
-    m_connectTimer->setSingleShot(true);
-    connect(m_connectTimer, &QTimer::timeout, this, [this] {
-        linkFailed(tr("no answer within %1 s").arg(connectTimeoutMs / 1000));
-    });
-    connect(m_channel, &CommandChannel::traffic, this, &BenchController::traffic);
-    connect(m_channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
-    connect(m_channel, &CommandChannel::replyTimedOut, m_run, &RunSession::replyTimedOut);
-    connect(m_channel, &CommandChannel::replyTimedOut, m_probe, &LimitsProbe::replyTimedOut);
-    connect(m_channel, &CommandChannel::replyTimedOut, m_status, &StatusMonitor::replyTimedOut);
+    connect(
+        m_connection, &InstrumentConnection::stateChanged, this, &BenchController::stateChanged);
+    connect(m_connection, &InstrumentConnection::traffic, this, &BenchController::traffic);
+    connect(m_connection, &InstrumentConnection::linkLost, m_session, &UploadSession::linkLost);
+    connect(m_connection, &InstrumentConnection::linkLost, m_run, &RunSession::linkLost);
+    CommandChannel *channel = m_connection->channel();
+    connect(channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
+    connect(channel, &CommandChannel::replyTimedOut, m_run, &RunSession::replyTimedOut);
     connect(m_session, &UploadSession::verified, m_run, &RunSession::remember);
-    connect(m_probe, &LimitsProbe::finished, this, &BenchController::limitsRead);
-    m_status->setChannelInUse([this] { return m_run->isRunning() ? m_run->current().channel : 0; });
+    StatusMonitor *status = m_connection->statusMonitor();
+    status->setChannelInUse([this] { return m_run->isRunning() ? m_run->current().channel : 0; });
     // The status is not read during an upload, whose line count and pace stay its own; it is read
     // again once the upload has ended.
-    connect(this, &BenchController::uploadEnded, this, [this] {
-        if (m_state == State::Connected)
-            m_status->setPolling(true);
+    connect(this, &BenchController::uploadEnded, this, [this, status] {
+        if (state() == State::Connected)
+            status->setPolling(true);
     });
 
     connect(dialog, &DialogProgrammer::uploaderStarted, this, [this](const UploadParam &param) {
         // The instrument refuses to change a sequence while it plays; a new upload ends the run.
         m_run->stop();
-        m_status->setPolling(false);
+        m_connection->statusMonitor()->setPolling(false);
         m_uploading = true;
         m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
@@ -96,10 +94,7 @@ BenchController::BenchController(DialogProgrammer *dialog,
     });
 }
 
-BenchController::~BenchController()
-{
-    m_channel->setLink(nullptr);
-}
+BenchController::~BenchController() = default;
 
 void BenchController::schedulePump()
 {
@@ -125,102 +120,19 @@ void BenchController::pump()
         schedulePump();
 }
 
-InstrumentLink *BenchController::link() const
-{
-    return m_link.get();
-}
-
-void BenchController::setState(State state, const QString &message)
-{
-    m_state = state;
-    emit stateChanged(state, message);
-}
-
 void BenchController::connectTo(const QString &address)
 {
-    disconnectFromInstrument();
-    QString error;
-    std::unique_ptr<InstrumentLink> link = createLink(address, m_description, &error);
-    m_address = address.trimmed();
-    if (!link) {
-        setState(State::Disconnected, error);
-        return;
-    }
-    // Replies as long as the longest read-back, with room to spare, and no longer.
-    link->setReplyBound(qMax(64 * 1024, m_description.maxCount * 128));
-    m_link = std::move(link);
-    connect(m_link.get(), &InstrumentLink::opened, this, &BenchController::linkOpened);
-    connect(m_link.get(), &InstrumentLink::failed, this, &BenchController::linkFailed);
-    setState(State::Connecting, tr("Connecting to %1").arg(m_link->address()));
-    m_connectTimer->start(connectTimeoutMs);
-    m_link->open();
-}
-
-void BenchController::linkOpened()
-{
-    m_channel->setLink(m_link.get());
-    m_channel->query(m_commands.line("identify"), this, [this](const QByteArray &line) {
-        m_connectTimer->stop();
-        const auto identity = reply::parseIdentity(line);
-        m_identity = identity.value_or(tr("(no identity)"));
-        m_probe->start(m_description.channels.size());
-    });
-}
-
-void BenchController::limitsRead()
-{
-    if (!m_link)
-        return;
-    setState(State::Connected,
-             m_probe->answeredAny()
-                 ? tr("Connected to %1").arg(m_link->address())
-                 : tr("Connected to %1; it did not tell its limits, so those of the instrument "
-                      "description apply")
-                       .arg(m_link->address()));
-    m_status->setPolling(true);
-}
-
-std::optional<InstrumentLimits> BenchController::instrumentLimits(int channel) const
-{
-    return m_probe->limits(channel);
-}
-
-void BenchController::linkFailed(const QString &reason)
-{
-    m_connectTimer->stop();
-    const State was = m_state;
-    const QString address = m_link ? m_link->address() : m_address;
-    m_channel->setLink(nullptr);
-    if (m_link) {
-        m_link->disconnect(this);
-        m_link->close();
-        m_link.release()->deleteLater();
-    }
-    m_identity.clear();
-    m_probe->clear();
-    m_status->forget();
-    m_session->linkLost(reason);
-    m_run->linkLost(reason);
-    setState(State::Disconnected,
-             was == State::Connected ? tr("The connection to %1 was lost: %2").arg(address, reason)
-                                     : tr("Could not connect to %1: %2").arg(address, reason));
+    m_connection->connectTo(address);
 }
 
 void BenchController::disconnectFromInstrument()
 {
-    m_connectTimer->stop();
-    if (!m_link)
-        return;
-    m_session->linkLost(tr("disconnected by the user"));
-    m_run->linkLost(tr("disconnected by the user"));
-    m_probe->clear();
-    m_status->forget();
-    m_channel->setLink(nullptr);
-    m_link->disconnect(this);
-    m_link->close();
-    m_link.release()->deleteLater();
-    m_identity.clear();
-    setState(State::Disconnected, tr("Disconnected"));
+    m_connection->disconnectFromInstrument();
+}
+
+std::optional<InstrumentLimits> BenchController::instrumentLimits(int channel) const
+{
+    return m_connection->instrumentLimits(channel);
 }
 
 void BenchController::cancelUpload()
@@ -234,12 +146,11 @@ bool BenchController::preflight(const UploadParam &param)
         return false;
     // The limits the instrument gave are read while connecting; an upload does not go ahead of
     // them, nor compete with their replies.
-    if (m_state == State::Connecting) {
+    if (state() == State::Connecting) {
         refuseUpload({false, tr("Not uploaded: still connecting; upload once connected"), -1, -1});
         return false;
     }
-    const StepLimits limits
-        = stepLimitsFor(m_description, param.channel - 1, m_probe->limits(param.channel));
+    const StepLimits limits = m_connection->stepLimits(param.channel);
     const bool list = param.mode == UploadMode::List;
     const Preflight check = list ? Preflight::check(m_dialog->listSequence(), limits)
                                  : Preflight::check(m_dialog->delayerSequence(), limits);
