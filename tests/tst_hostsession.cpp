@@ -1,11 +1,83 @@
-// Tests of what the bench host reads from instruments and of the command words it sends.
-#include "commandset.h"
-#include "limitsprobe.h"
-#include "replyparser.h"
+// Tests of the sessions without a window: what the host reads from instruments, the command words
+// it sends, and a sequence file uploaded, verified and run against the simulated supply.
+#include "simulatorprocess.h"
 
+#include "commandset.h"
+#include "instrumentconnection.h"
+#include "limitsprobe.h"
+#include "linkfactory.h"
+#include "replyparser.h"
+#include "runsession.h"
+#include "sequencefile.h"
+#include "sequencereader.h"
+#include "sequenceupload.h"
+#include "uploadsession.h"
+#include <character.h>
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace tarn::host;
+using namespace tarn2::specific::orvo5000::programmer;
+
+namespace {
+
+// A connection to a simulated supply with an upload and a run session on it, as a rig has them.
+struct Rig
+{
+    explicit Rig(const QStringList &faults = {})
+        : sim(faults)
+        , description(tarn::sim::InstrumentDescription::builtIn())
+        , connection(description,
+                     CommandSet(),
+                     [this](const QString &address, QString *error) {
+                         return createLink(address, description, error);
+                     })
+        , upload(connection.channel(), description, CommandSet())
+        , run(connection.channel(), description, CommandSet())
+        , sequenceUpload(&upload)
+    {
+        QObject::connect(&upload, &UploadSession::verified, &run, &RunSession::remember);
+        run.setPollInterval(10);
+    }
+
+    bool connect()
+    {
+        QSignalSpy states(&connection, &InstrumentConnection::stateChanged);
+        connection.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port));
+        for (int i = 0; i < 100 && connection.state() == InstrumentConnection::State::Connecting;
+             ++i)
+            states.wait(100);
+        return connection.state() == InstrumentConnection::State::Connected;
+    }
+
+    UploadOutcome send(const SequenceContent &content)
+    {
+        QSignalSpy ended(&upload, &UploadSession::ended);
+        sequenceUpload.start(content, 1, description.maxCount);
+        if (!ended.wait(15000))
+            return {false, QStringLiteral("(no outcome)"), -1, -1};
+        return ended.first().first().value<UploadOutcome>();
+    }
+
+    Simulator sim;
+    tarn::sim::InstrumentDescription description;
+    InstrumentConnection connection;
+    UploadSession upload;
+    RunSession run;
+    SequenceUpload sequenceUpload;
+};
+
+QList<ListData> rampSteps(int count)
+{
+    QList<ListData> steps;
+    for (int i = 0; i < count; ++i)
+        steps.append(ListData(1.5 + i, 3.0, 0.02));
+    return steps;
+}
+
+} // namespace
 
 class TestHostSession : public QObject
 {
@@ -24,6 +96,9 @@ private slots:
     void limitReplies();
     void badDialectsAreRefused_data();
     void badDialectsAreRefused();
+    void fileIsUploadedVerifiedAndRun();
+    void readBackNamesTheStepStoredOtherwise_data();
+    void readBackNamesTheStepStoredOtherwise();
 };
 
 void TestHostSession::errorReplies_data()
@@ -192,5 +267,82 @@ void TestHostSession::badDialectsAreRefused()
     QCOMPARE(message, error);
 }
 
-QTEST_APPLESS_MAIN(TestHostSession)
+void TestHostSession::fileIsUploadedVerifiedAndRun()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("ramp.csv"));
+    Option option;
+    option.voltageDecimals = option.currentDecimals = option.timeDecimals = 3;
+    QVERIFY(tarn2::util::character::Character::csvSave(
+        path, SequenceFile::listLines(rampSteps(5), 2, 0, option)));
+
+    Rig rig;
+    QString error;
+    const auto lines = SequenceReader::readLines(path, rig.description.maxCount, &error);
+    QVERIFY2(lines, qPrintable(error));
+    const ReadResult read = SequenceReader::readFile(*lines, List, rig.connection.stepLimits(1));
+    QVERIFY2(read.ok, qPrintable(read.error));
+    QVERIFY(rig.connect());
+
+    const UploadOutcome outcome = rig.send(read.content);
+    QCOMPARE(outcome.message, QStringLiteral("Verified 5 steps on CH1"));
+    QVERIFY(outcome.verified);
+
+    QSignalSpy ended(&rig.run, &RunSession::ended);
+    rig.run.start(1, true);
+    QVERIFY(ended.wait(10000));
+    QCOMPARE(ended.first().at(1).toBool(), false);
+    // Two cycles of five steps: the trace saw the last step of the second cycle.
+    bool sawLast = false;
+    for (const RunSample &sample : rig.run.trace().samples())
+        sawLast = sawLast || (sample.cycle == 2 && sample.step == 5);
+    QVERIFY(sawLast);
+}
+
+void TestHostSession::readBackNamesTheStepStoredOtherwise_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("row");
+
+    // Stored without an error, so only the read-back can tell.
+    QTest::newRow("first List step, by its current")
+        << QStringLiteral("--alter-step=1") << int(List)
+        << QStringLiteral("Step 1 differs: sent 1.500 V, 3.000 A, 0.020 s, the instrument holds "
+                          "1.500 V, 3.001 A, 0.020 s")
+        << 0;
+    QTest::newRow("last List step") << QStringLiteral("--alter-step=5") << int(List)
+                                    << QStringLiteral("Step 5 differs: sent 5.500 V, 3.000 A, "
+                                                      "0.020 s, the instrument holds 5.500 V, "
+                                                      "3.001 A, 0.020 s")
+                                    << 4;
+    QTest::newRow("Delayer step, by its state")
+        << QStringLiteral("--alter-step=2") << int(Delayer)
+        << QStringLiteral("Step 2 differs: sent Off for 0.020 s, the instrument holds On for "
+                          "0.020 s")
+        << 1;
+}
+
+void TestHostSession::readBackNamesTheStepStoredOtherwise()
+{
+    QFETCH(QString, fault);
+    QFETCH(int, mode);
+    QFETCH(QString, message);
+    QFETCH(int, row);
+
+    Rig rig({fault});
+    QVERIFY(rig.connect());
+    SequenceContent content;
+    content.mode = static_cast<UploadMode>(mode);
+    content.list = rampSteps(5);
+    for (int i = 0; i < 5; ++i)
+        content.delayer.append(DelayerData(i % 2 == 0, 0.02));
+    const UploadOutcome outcome = rig.send(content);
+    QCOMPARE(outcome.message, message);
+    QVERIFY(!outcome.verified);
+    QCOMPARE(outcome.row, row);
+}
+
+QTEST_GUILESS_MAIN(TestHostSession)
 #include "tst_hostsession.moc"

@@ -6,6 +6,7 @@
 #include "commandset.h"
 
 #include <instrumentdescription.h>
+#include <instrumentlink.h>
 
 #include <QObject>
 
@@ -18,7 +19,6 @@ class QTimer;
 namespace tarn::host {
 
 class CommandChannel;
-class InstrumentLink;
 class LimitsProbe;
 class StatusMonitor;
 
