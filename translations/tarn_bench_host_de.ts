@@ -261,6 +261,17 @@ Nur die ersten %2 Schritte übertragen?</translation>
     </message>
 </context>
 <context>
+    <name>tarn::host::CloseGuard</name>
+    <message>
+        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
+        <translation>Die Sequenz „%1“ wurde seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
+        <translation>Die Sequenzen „Liste“ und „Delayer“ wurden seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::InstrumentConnection</name>
     <message>
         <source>no answer within %1 s</source>
@@ -654,6 +665,39 @@ Nur die ersten %2 Schritte übertragen?</translation>
     </message>
 </context>
 <context>
+    <name>tarn::host::SequenceClipboard</name>
+    <message>
+        <source>&amp;Delete Rows</source>
+        <translation>Zeilen &amp;löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <translation>Zeilen &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Rows</source>
+        <translation>Zeilen &amp;einfügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n steps</source>
+        <translation>
+            <numerusform>%n Schritt kopiert</numerusform>
+            <numerusform>%n Schritte kopiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not pasted: %1</source>
+        <translation>Nicht eingefügt: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Pasted %n steps</source>
+        <translation>
+            <numerusform>%n Schritt eingefügt</numerusform>
+            <numerusform>%n Schritte eingefügt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::SequenceEditor</name>
     <message>
         <source>&amp;Undo</source>
@@ -680,21 +724,105 @@ Nur die ersten %2 Schritte übertragen?</translation>
         <translation>Eine CSV-Datei in den angezeigten Reiter laden</translation>
     </message>
     <message>
-        <source>&amp;Delete Rows</source>
-        <translation>Zeilen &amp;löschen</translation>
-    </message>
-    <message>
-        <source>&amp;Copy Rows</source>
-        <translation>Zeilen &amp;kopieren</translation>
-    </message>
-    <message>
-        <source>&amp;Paste Rows</source>
-        <translation>Zeilen &amp;einfügen</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>&amp;Bearbeiten</translation>
     </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceFiles</name>
+    <message>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 wurde nicht geöffnet: %2</translation>
+    </message>
+    <message>
+        <source>line 1: it is not a List or Delayer file</source>
+        <translation>Zeile 1: es ist weder eine Listen- noch eine Delayer-Datei</translation>
+    </message>
+    <message>
+        <source>Open Sequence</source>
+        <translation>Sequenz öffnen</translation>
+    </message>
+    <message>
+        <source>Load %1</source>
+        <translation>%1 laden</translation>
+    </message>
+    <message>
+        <source>%1 was not loaded: %2</source>
+        <translation>%1 wurde nicht geladen: %2</translation>
+    </message>
+    <message>
+        <source>the folder %1 does not exist</source>
+        <translation>der Ordner %1 existiert nicht</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>the file could not be written completely</source>
+        <translation>die Datei konnte nicht vollständig geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Save %1</source>
+        <translation>%1 speichern</translation>
+    </message>
+    <message>
+        <source>The sequence is empty.</source>
+        <translation>Die Sequenz ist leer.</translation>
+    </message>
+    <message>
+        <source>It ends in Output On, and a List file with that end state is refused.</source>
+        <translation>Sie endet mit „Ausgang ein“, und eine Listendatei mit diesem Endzustand wird abgelehnt.</translation>
+    </message>
+    <message>
+        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
+        <translation>Sie hat %1 Schritte, mehr als dieses Gerät fasst (%2).</translation>
+    </message>
+    <message>
+        <source>This file would not load back:
+%1
+
+Save anyway?</source>
+        <translation>Diese Datei ließe sich nicht wieder laden:
+%1
+
+Trotzdem speichern?</translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was not loaded: %2.
+
+Load its %n steps with the end state Output Off?</source>
+        <translation>
+            <numerusform>%1 wurde nicht geladen: %2.
+
+Den %n Schritt der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
+            <numerusform>%1 wurde nicht geladen: %2.
+
+Die %n Schritte der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved %n steps to %1</source>
+        <translation>
+            <numerusform>%n Schritt in %1 gespeichert</numerusform>
+            <numerusform>%n Schritte in %1 gespeichert</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceHints</name>
     <message>
         <source>How long the sequence runs on the instrument, repeats included</source>
         <translation>Wie lange die Sequenz auf dem Gerät läuft, Wiederholungen eingeschlossen</translation>
@@ -802,125 +930,6 @@ Nur die ersten %2 Schritte übertragen?</translation>
     <message>
         <source>Steps in the sequence; red above the %1 this instrument holds</source>
         <translation>Schritte in der Sequenz; rot, wenn es mehr sind, als dieses Gerät fasst (%1)</translation>
-    </message>
-    <message>
-        <source>&amp;Undo %1</source>
-        <translation>&amp;Rückgängig: %1</translation>
-    </message>
-    <message>
-        <source>&amp;Redo %1</source>
-        <translation>&amp;Wiederholen: %1</translation>
-    </message>
-    <message>
-        <source>Not pasted: %1</source>
-        <translation>Nicht eingefügt: %1</translation>
-    </message>
-    <message>
-        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
-        <translation>Die Sequenz „%1“ wurde seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
-    </message>
-    <message>
-        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
-        <translation>Die Sequenzen „Liste“ und „Delayer“ wurden seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
-    </message>
-    <message numerus="yes">
-        <source>Copied %n steps</source>
-        <translation>
-            <numerusform>%n Schritt kopiert</numerusform>
-            <numerusform>%n Schritte kopiert</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Pasted %n steps</source>
-        <translation>
-            <numerusform>%n Schritt eingefügt</numerusform>
-            <numerusform>%n Schritte eingefügt</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>tarn::host::SequenceFiles</name>
-    <message>
-        <source>%1 was not opened: %2</source>
-        <translation>%1 wurde nicht geöffnet: %2</translation>
-    </message>
-    <message>
-        <source>line 1: it is not a List or Delayer file</source>
-        <translation>Zeile 1: es ist weder eine Listen- noch eine Delayer-Datei</translation>
-    </message>
-    <message>
-        <source>Open Sequence</source>
-        <translation>Sequenz öffnen</translation>
-    </message>
-    <message>
-        <source>Load %1</source>
-        <translation>%1 laden</translation>
-    </message>
-    <message>
-        <source>%1 was not loaded: %2</source>
-        <translation>%1 wurde nicht geladen: %2</translation>
-    </message>
-    <message>
-        <source>the folder %1 does not exist</source>
-        <translation>der Ordner %1 existiert nicht</translation>
-    </message>
-    <message>
-        <source>it is a folder</source>
-        <translation>es ist ein Ordner</translation>
-    </message>
-    <message>
-        <source>the file could not be written completely</source>
-        <translation>die Datei konnte nicht vollständig geschrieben werden</translation>
-    </message>
-    <message>
-        <source>Save %1</source>
-        <translation>%1 speichern</translation>
-    </message>
-    <message>
-        <source>The sequence is empty.</source>
-        <translation>Die Sequenz ist leer.</translation>
-    </message>
-    <message>
-        <source>It ends in Output On, and a List file with that end state is refused.</source>
-        <translation>Sie endet mit „Ausgang ein“, und eine Listendatei mit diesem Endzustand wird abgelehnt.</translation>
-    </message>
-    <message>
-        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
-        <translation>Sie hat %1 Schritte, mehr als dieses Gerät fasst (%2).</translation>
-    </message>
-    <message>
-        <source>This file would not load back:
-%1
-
-Save anyway?</source>
-        <translation>Diese Datei ließe sich nicht wieder laden:
-%1
-
-Trotzdem speichern?</translation>
-    </message>
-    <message>
-        <source>Could not write %1: %2</source>
-        <translation>%1 konnte nicht geschrieben werden: %2</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 was not loaded: %2.
-
-Load its %n steps with the end state Output Off?</source>
-        <translation>
-            <numerusform>%1 wurde nicht geladen: %2.
-
-Den %n Schritt der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
-            <numerusform>%1 wurde nicht geladen: %2.
-
-Die %n Schritte der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Saved %n steps to %1</source>
-        <translation>
-            <numerusform>%n Schritt in %1 gespeichert</numerusform>
-            <numerusform>%n Schritte in %1 gespeichert</numerusform>
-        </translation>
     </message>
 </context>
 <context>

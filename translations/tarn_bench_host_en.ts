@@ -36,7 +36,7 @@
     </message>
 </context>
 <context>
-    <name>tarn::host::SequenceEditor</name>
+    <name>tarn::host::SequenceClipboard</name>
     <message numerus="yes">
         <source>Copied %n steps</source>
         <translation>

@@ -258,6 +258,17 @@ Upload only the first %2 steps?</source>
     </message>
 </context>
 <context>
+    <name>tarn::host::CloseGuard</name>
+    <message>
+        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
+        <translation>%1序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
+    </message>
+    <message>
+        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
+        <translation>列表序列和延时器序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::InstrumentConnection</name>
     <message>
         <source>no answer within %1 s</source>
@@ -650,6 +661,37 @@ Upload only the first %2 steps?</source>
     </message>
 </context>
 <context>
+    <name>tarn::host::SequenceClipboard</name>
+    <message>
+        <source>&amp;Delete Rows</source>
+        <translation>删除行(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <translation>复制行(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Rows</source>
+        <translation>粘贴行(&amp;P)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n steps</source>
+        <translation>
+            <numerusform>已复制 %n 步</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Not pasted: %1</source>
+        <translation>未粘贴：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Pasted %n steps</source>
+        <translation>
+            <numerusform>已粘贴 %n 步</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::SequenceEditor</name>
     <message>
         <source>&amp;Undo</source>
@@ -676,21 +718,101 @@ Upload only the first %2 steps?</source>
         <translation>将 CSV 文件加载到当前标签页</translation>
     </message>
     <message>
-        <source>&amp;Delete Rows</source>
-        <translation>删除行(&amp;D)</translation>
-    </message>
-    <message>
-        <source>&amp;Copy Rows</source>
-        <translation>复制行(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Paste Rows</source>
-        <translation>粘贴行(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;Edit</source>
         <translation>编辑(&amp;E)</translation>
     </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>撤销 %1(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>重做 %1(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceFiles</name>
+    <message>
+        <source>%1 was not opened: %2</source>
+        <translation>%1 未打开：%2</translation>
+    </message>
+    <message>
+        <source>line 1: it is not a List or Delayer file</source>
+        <translation>第 1 行：这既不是列表文件也不是延时器文件</translation>
+    </message>
+    <message>
+        <source>Open Sequence</source>
+        <translation>打开序列</translation>
+    </message>
+    <message>
+        <source>Load %1</source>
+        <translation>加载%1</translation>
+    </message>
+    <message>
+        <source>%1 was not loaded: %2</source>
+        <translation>%1 未加载：%2</translation>
+    </message>
+    <message>
+        <source>the folder %1 does not exist</source>
+        <translation>文件夹 %1 不存在</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>这是一个文件夹</translation>
+    </message>
+    <message>
+        <source>the file could not be written completely</source>
+        <translation>文件未能完整写入</translation>
+    </message>
+    <message>
+        <source>Save %1</source>
+        <translation>保存%1</translation>
+    </message>
+    <message>
+        <source>The sequence is empty.</source>
+        <translation>序列为空。</translation>
+    </message>
+    <message>
+        <source>It ends in Output On, and a List file with that end state is refused.</source>
+        <translation>其结束状态为“输出开启”，而具有此结束状态的列表文件会被拒绝。</translation>
+    </message>
+    <message>
+        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
+        <translation>序列有 %1 步，超过了此仪器可容纳的 %2 步。</translation>
+    </message>
+    <message>
+        <source>This file would not load back:
+%1
+
+Save anyway?</source>
+        <translation>此文件将无法再加载：
+%1
+
+仍要保存吗？</translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was not loaded: %2.
+
+Load its %n steps with the end state Output Off?</source>
+        <translation>
+            <numerusform>%1 未加载：%2。
+
+是否以结束状态“输出关闭”加载其中的 %n 步？</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saved %n steps to %1</source>
+        <translation>
+            <numerusform>已将 %n 步保存到 %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::SequenceHints</name>
     <message>
         <source>How long the sequence runs on the instrument, repeats included</source>
         <translation>序列在仪器上运行的总时长（含重复）</translation>
@@ -798,119 +920,6 @@ Upload only the first %2 steps?</source>
     <message>
         <source>Steps in the sequence; red above the %1 this instrument holds</source>
         <translation>序列中的步数；超过此仪器可容纳的 %1 步时显示为红色</translation>
-    </message>
-    <message>
-        <source>&amp;Undo %1</source>
-        <translation>撤销 %1(&amp;U)</translation>
-    </message>
-    <message>
-        <source>&amp;Redo %1</source>
-        <translation>重做 %1(&amp;R)</translation>
-    </message>
-    <message>
-        <source>Not pasted: %1</source>
-        <translation>未粘贴：%1</translation>
-    </message>
-    <message>
-        <source>The %1 sequence has changed since it was last saved or loaded. Save it before closing?</source>
-        <translation>%1序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
-    </message>
-    <message>
-        <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
-        <translation>列表序列和延时器序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
-    </message>
-    <message numerus="yes">
-        <source>Copied %n steps</source>
-        <translation>
-            <numerusform>已复制 %n 步</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Pasted %n steps</source>
-        <translation>
-            <numerusform>已粘贴 %n 步</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>tarn::host::SequenceFiles</name>
-    <message>
-        <source>%1 was not opened: %2</source>
-        <translation>%1 未打开：%2</translation>
-    </message>
-    <message>
-        <source>line 1: it is not a List or Delayer file</source>
-        <translation>第 1 行：这既不是列表文件也不是延时器文件</translation>
-    </message>
-    <message>
-        <source>Open Sequence</source>
-        <translation>打开序列</translation>
-    </message>
-    <message>
-        <source>Load %1</source>
-        <translation>加载%1</translation>
-    </message>
-    <message>
-        <source>%1 was not loaded: %2</source>
-        <translation>%1 未加载：%2</translation>
-    </message>
-    <message>
-        <source>the folder %1 does not exist</source>
-        <translation>文件夹 %1 不存在</translation>
-    </message>
-    <message>
-        <source>it is a folder</source>
-        <translation>这是一个文件夹</translation>
-    </message>
-    <message>
-        <source>the file could not be written completely</source>
-        <translation>文件未能完整写入</translation>
-    </message>
-    <message>
-        <source>Save %1</source>
-        <translation>保存%1</translation>
-    </message>
-    <message>
-        <source>The sequence is empty.</source>
-        <translation>序列为空。</translation>
-    </message>
-    <message>
-        <source>It ends in Output On, and a List file with that end state is refused.</source>
-        <translation>其结束状态为“输出开启”，而具有此结束状态的列表文件会被拒绝。</translation>
-    </message>
-    <message>
-        <source>It has %1 steps, more than this instrument&apos;s %2.</source>
-        <translation>序列有 %1 步，超过了此仪器可容纳的 %2 步。</translation>
-    </message>
-    <message>
-        <source>This file would not load back:
-%1
-
-Save anyway?</source>
-        <translation>此文件将无法再加载：
-%1
-
-仍要保存吗？</translation>
-    </message>
-    <message>
-        <source>Could not write %1: %2</source>
-        <translation>无法写入 %1：%2</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 was not loaded: %2.
-
-Load its %n steps with the end state Output Off?</source>
-        <translation>
-            <numerusform>%1 未加载：%2。
-
-是否以结束状态“输出关闭”加载其中的 %n 步？</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Saved %n steps to %1</source>
-        <translation>
-            <numerusform>已将 %n 步保存到 %1</numerusform>
-        </translation>
     </message>
 </context>
 <context>

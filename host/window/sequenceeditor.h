@@ -1,4 +1,5 @@
-// The editing comforts around the dialog's two sequence tables, and the guard on closing.
+// The editing comforts around the dialog's two sequence tables: undo, the clipboard, hints and the
+// guard on closing, put together.
 #pragma once
 
 #include <records.h>
@@ -7,9 +8,7 @@
 #include <QPointer>
 
 class QAction;
-class QLabel;
 class QMainWindow;
-class QTableView;
 
 namespace tarn2::specific::orvo5000::programmer {
 class DialogProgrammer;
@@ -17,14 +16,16 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
+class CloseGuard;
 class Prompter;
+class SequenceClipboard;
 class SequenceFiles;
+class SequenceHints;
 class SequenceHistory;
 
-// SequenceEditor gives the tables what users of tables expect: undo and redo, Delete, Copy and
-// Paste of rows as tab-separated text, Ctrl+S and Ctrl+O for the tab shown, the total duration
-// beside the step counter, tooltips. It also keeps the user's work when the window closes: it
-// asks about unsaved changes and stores the sequences for the next start.
+// SequenceEditor gives the tables what users of tables expect: undo and redo (one history per tab),
+// Ctrl+S and Ctrl+O for the tab shown, and an Edit menu. The clipboard, the hints and the guard on
+// closing are parts of their own, which it puts together.
 class SequenceEditor final : public QObject
 {
     Q_OBJECT
@@ -44,9 +45,9 @@ public:
 
     QAction *undoAction() const { return m_undo; }
     QAction *redoAction() const { return m_redo; }
-    QAction *deleteAction() const { return m_delete; }
-    QAction *copyAction() const { return m_copy; }
-    QAction *pasteAction() const { return m_paste; }
+    QAction *deleteAction() const;
+    QAction *copyAction() const;
+    QAction *pasteAction() const;
     QAction *saveAction() const { return m_save; }
     QAction *openAction() const { return m_open; }
 
@@ -61,34 +62,22 @@ public:
     // "Total 1.500 s × 3 = 4.500 s" for the tab's steps and repeat count.
     QString durationText(UploadMode mode) const;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void createActions();
     void addEditMenu();
-    void addDurationLabels();
-    void addToolTips();
-    void refresh(UploadMode mode);
     void updateActions();
-    QTableView *view(UploadMode mode) const;
-    QList<int> selectedRows(UploadMode mode) const;
-    void selectRows(UploadMode mode, int first, int count);
     bool editable() const;
 
     QMainWindow *m_window;
     QPointer<tarn2::specific::orvo5000::programmer::DialogProgrammer> m_dialog;
     SequenceFiles *m_files;
-    Prompter *m_prompter = nullptr;
     SequenceHistory *m_list;
     SequenceHistory *m_delayer;
-    QLabel *m_listDuration = nullptr;
-    QLabel *m_delayerDuration = nullptr;
+    SequenceClipboard *m_clipboard;
+    SequenceHints *m_hints;
+    CloseGuard *m_closeGuard;
     QAction *m_undo = nullptr;
     QAction *m_redo = nullptr;
-    QAction *m_delete = nullptr;
-    QAction *m_copy = nullptr;
-    QAction *m_paste = nullptr;
     QAction *m_save = nullptr;
     QAction *m_open = nullptr;
 };
