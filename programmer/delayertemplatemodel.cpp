@@ -7,30 +7,10 @@
 namespace tarn2::specific::orvo5000::programmer {
 
 DelayerTemplateModel::DelayerTemplateModel(QList<DelayerData> &data, QObject *parent)
-    : QAbstractTableModel(parent)
-    , m_data(data)
-    , m_headers({tr("No."), tr("State"), tr("Time(s)")})
+    : StepTableModel(data, {tr("No."), tr("State"), tr("Time(s)")}, parent)
 {}
 
 DelayerTemplateModel::~DelayerTemplateModel() = default;
-
-int DelayerTemplateModel::rowCount(const QModelIndex &) const
-{
-    return m_data.size();
-}
-
-int DelayerTemplateModel::columnCount(const QModelIndex &) const
-{
-    return ColumnCount;
-}
-
-QModelIndex DelayerTemplateModel::index(int row, int column, const QModelIndex &parent) const
-{
-    if (!hasIndex(row, column, parent))
-        return {};
-    // The non-const access detaches the list, so the pointer refers to storage of its own.
-    return createIndex(row, column, &m_data[row]);
-}
 
 QVariant DelayerTemplateModel::data(const QModelIndex &index, int role) const
 {
@@ -84,30 +64,11 @@ bool DelayerTemplateModel::setData(const QModelIndex &index, const QVariant &val
     return true;
 }
 
-QVariant DelayerTemplateModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    return stepcells::header(m_headers, section, orientation, role);
-}
-
 Qt::ItemFlags DelayerTemplateModel::flags(const QModelIndex &index) const
 {
     if (!isInRange(index))
         return Qt::NoItemFlags;
     return QAbstractTableModel::flags(index) & ~Qt::ItemIsEditable;
-}
-
-void DelayerTemplateModel::setSourceData(QList<DelayerData> &data)
-{
-    beginResetModel();
-    if (!m_data.isSharedWith(data))
-        m_data = data;
-    endResetModel();
-}
-
-bool DelayerTemplateModel::isInRange(const QModelIndex &index) const
-{
-    return index.isValid() && index.model() == this && index.row() < m_data.size()
-           && index.column() < ColumnCount;
 }
 
 } // namespace tarn2::specific::orvo5000::programmer

@@ -3,36 +3,13 @@
 
 #include "stepcells.h"
 
-#include <limits>
-
 namespace tarn2::specific::orvo5000::programmer {
 
 ListDataModel::ListDataModel(QList<ListData> &data, QObject *parent)
-    : QAbstractTableModel(parent)
-    , m_data(data)
-    , m_headers({tr("No."), tr("Voltage(V)"), tr("Current(A)"), tr("Time(s)")})
+    : StepTableModel(data, {tr("No."), tr("Voltage(V)"), tr("Current(A)"), tr("Time(s)")}, parent)
 {}
 
 ListDataModel::~ListDataModel() = default;
-
-int ListDataModel::rowCount(const QModelIndex &) const
-{
-    return m_data.size();
-}
-
-int ListDataModel::columnCount(const QModelIndex &) const
-{
-    return ColumnCount;
-}
-
-QModelIndex ListDataModel::index(int row, int column, const QModelIndex &parent) const
-{
-    if (!hasIndex(row, column, parent))
-        return {};
-    // The non-const access detaches the list first, so the pointer never refers to storage that
-    // another list (a preview the steps were copied from) still shares.
-    return createIndex(row, column, &m_data[row]);
-}
 
 QVariant ListDataModel::data(const QModelIndex &index, int role) const
 {
@@ -62,11 +39,6 @@ bool ListDataModel::setData(const QModelIndex &index, const QVariant &value, int
     return true;
 }
 
-QVariant ListDataModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    return stepcells::header(m_headers, section, orientation, role);
-}
-
 Qt::ItemFlags ListDataModel::flags(const QModelIndex &index) const
 {
     if (!isInRange(index))
@@ -77,83 +49,27 @@ Qt::ItemFlags ListDataModel::flags(const QModelIndex &index) const
 
 bool ListDataModel::insertRows(int row, int count, const QModelIndex &parent)
 {
-    const int size = m_data.size();
-    if (parent.isValid() || count <= 0 || row < 0 || row > size
-        || count > std::numeric_limits<int>::max() - size)
-        return false;
-    beginInsertRows(parent, row, row + count - 1);
-    for (int i = 0; i < count; ++i)
-        m_data.insert(row + i, ListData(0.0, 0.0, 0.0));
-    endInsertRows();
-    return true;
+    return insertFilledRows(row, count, parent, ListData(0.0, 0.0, 0.0));
 }
 
 bool ListDataModel::removeRows(int row, int count, const QModelIndex &parent)
 {
-    // The dialog's Clear and Delete treat "nothing to remove" as done, so this never reports
-    // failure; the range it signals is clipped to rows that exist.
-    if (parent.isValid() || count <= 0)
-        return true;
-    const int first = qMax(row, 0);
-    const int last = static_cast<int>(
-        qMin(static_cast<qint64>(row) + count - 1, static_cast<qint64>(m_data.size()) - 1));
-    if (first > last)
-        return true;
-    beginRemoveRows(parent, first, last);
-    m_data.erase(m_data.begin() + first, m_data.begin() + last + 1);
-    endRemoveRows();
-    return true;
-}
-
-void ListDataModel::setSourceData(QList<ListData> &data)
-{
-    beginResetModel();
-    if (!m_data.isSharedWith(data))
-        m_data = data;
-    endResetModel();
+    return removeExistingRows(row, count, parent);
 }
 
 void ListDataModel::appendRow(const ListData &step)
 {
-    // A copy first: `step` may be an element of the very list that is about to grow.
-    const ListData added = step; // NOLINT(performance-unnecessary-copy-initialization)
-    const int n = m_data.size();
-    beginInsertRows(QModelIndex(), n, n);
-    m_data.append(added);
-    endInsertRows();
+    appendStep(step);
 }
 
 void ListDataModel::appendRows(const QList<ListData> &steps)
 {
-    if (steps.isEmpty())
-        return;
-    // A shallow copy keeps the steps readable even when `steps` is the model's own list.
-    const QList<ListData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
-    const int n = m_data.size();
-    beginInsertRows(QModelIndex(), n, n + added.size() - 1);
-    m_data.append(added);
-    endInsertRows();
+    appendSteps(steps);
 }
 
 void ListDataModel::insertRows(int row, const QList<ListData> &steps)
 {
-    if (row < 0 || row >= m_data.size()) {
-        appendRows(steps);
-        return;
-    }
-    if (steps.isEmpty())
-        return;
-    const QList<ListData> added = steps; // NOLINT(performance-unnecessary-copy-initialization)
-    beginInsertRows(QModelIndex(), row, row + added.size() - 1);
-    for (auto it = added.crbegin(); it != added.crend(); ++it)
-        m_data.insert(row, *it);
-    endInsertRows();
-}
-
-bool ListDataModel::isInRange(const QModelIndex &index) const
-{
-    return index.isValid() && index.model() == this && index.row() < m_data.size()
-           && index.column() < ColumnCount;
+    insertSteps(row, steps);
 }
 
 } // namespace tarn2::specific::orvo5000::programmer

@@ -1,10 +1,7 @@
 // The editable table over the List steps that the dialog will upload.
 #pragma once
 
-#include "records.h"
-
-#include <QAbstractTableModel>
-#include <QStringList>
+#include "steptablemodel.h"
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -12,7 +9,7 @@ namespace tarn2::specific::orvo5000::programmer {
 // given, which belongs to the dialog and must outlive the model. Column 0 numbers the rows from 0;
 // the numbers follow the decimals of Helper's current option at every call, so a second dialog
 // changes what this one shows. Limits are the editors' business: the model stores what it is given.
-class TARN2_SPECIFIC_EXPORT ListDataModel final : public QAbstractTableModel
+class TARN2_SPECIFIC_EXPORT ListDataModel final : public StepTableModel<ListData, 4>
 {
     Q_OBJECT
     Q_DISABLE_COPY(ListDataModel)
@@ -23,14 +20,8 @@ public:
     ListDataModel(QList<ListData> &data, QObject *parent);
     ~ListDataModel() override;
 
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
-    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
-    QModelIndex
-    index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    QVariant
-    headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
     // Inserts `count` steps of 0 V, 0 A, 0 s before `row`; `row` may equal rowCount() to append.
@@ -39,18 +30,10 @@ public:
     // Removes the rows of row..row+count-1 that exist. Returns true even when none did.
     bool removeRows(int row, int count, const QModelIndex &parent = QModelIndex()) override;
 
-    // Overwrites the dialog's list with `data` (unless they share storage already) and resets.
-    void setSourceData(QList<ListData> &data);
     void appendRow(const ListData &step);
     void appendRows(const QList<ListData> &steps);
     // Inserts `steps` in their order before `row`; a row outside the list appends them.
     void insertRows(int row, const QList<ListData> &steps);
-
-private:
-    bool isInRange(const QModelIndex &index) const;
-
-    QList<ListData> &m_data;
-    QStringList m_headers;
 };
 
 } // namespace tarn2::specific::orvo5000::programmer

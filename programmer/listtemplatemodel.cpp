@@ -13,30 +13,10 @@ constexpr double storedTime = 15.0;
 } // namespace
 
 ListTemplateModel::ListTemplateModel(QList<ListData> &data, QObject *parent)
-    : QAbstractTableModel(parent)
-    , m_data(data)
-    , m_headers({tr("No."), tr("Voltage(V)"), tr("Current(A)"), tr("Time(s)")})
+    : StepTableModel(data, {tr("No."), tr("Voltage(V)"), tr("Current(A)"), tr("Time(s)")}, parent)
 {}
 
 ListTemplateModel::~ListTemplateModel() = default;
-
-int ListTemplateModel::rowCount(const QModelIndex &) const
-{
-    return m_data.size();
-}
-
-int ListTemplateModel::columnCount(const QModelIndex &) const
-{
-    return ColumnCount;
-}
-
-QModelIndex ListTemplateModel::index(int row, int column, const QModelIndex &parent) const
-{
-    if (!hasIndex(row, column, parent))
-        return {};
-    // The non-const access detaches the list, so the pointer refers to storage of its own.
-    return createIndex(row, column, &m_data[row]);
-}
 
 QVariant ListTemplateModel::data(const QModelIndex &index, int role) const
 {
@@ -65,30 +45,11 @@ bool ListTemplateModel::setData(const QModelIndex &index, const QVariant &value,
     return true;
 }
 
-QVariant ListTemplateModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    return stepcells::header(m_headers, section, orientation, role);
-}
-
 Qt::ItemFlags ListTemplateModel::flags(const QModelIndex &index) const
 {
     if (!isInRange(index))
         return Qt::NoItemFlags;
     return QAbstractTableModel::flags(index) & ~Qt::ItemIsEditable;
-}
-
-void ListTemplateModel::setSourceData(QList<ListData> &data)
-{
-    beginResetModel();
-    if (!m_data.isSharedWith(data))
-        m_data = data;
-    endResetModel();
-}
-
-bool ListTemplateModel::isInRange(const QModelIndex &index) const
-{
-    return index.isValid() && index.model() == this && index.row() < m_data.size()
-           && index.column() < ColumnCount;
 }
 
 } // namespace tarn2::specific::orvo5000::programmer

@@ -1,10 +1,7 @@
 // The read-only table that previews the List steps of the current template.
 #pragma once
 
-#include "records.h"
-
-#include <QAbstractTableModel>
-#include <QStringList>
+#include "steptablemodel.h"
 
 namespace tarn2::specific::orvo5000::programmer {
 
@@ -12,7 +9,7 @@ namespace tarn2::specific::orvo5000::programmer {
 // the sequence. It works on the dialog's preview list (which must outlive it) and is refreshed by
 // setSourceData() whenever the template changes. Views cannot edit it; setData() is there for
 // code, and stores 15.0 s into the time column whatever it is given.
-class TARN2_SPECIFIC_EXPORT ListTemplateModel final : public QAbstractTableModel
+class TARN2_SPECIFIC_EXPORT ListTemplateModel final : public StepTableModel<ListData, 4>
 {
     Q_OBJECT
     Q_DISABLE_COPY(ListTemplateModel)
@@ -23,24 +20,9 @@ public:
     ListTemplateModel(QList<ListData> &data, QObject *parent);
     ~ListTemplateModel() override;
 
-    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
-    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
-    QModelIndex
-    index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
-    QVariant
-    headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
-
-    // Overwrites the preview list with `data` (unless both already share their storage) and resets.
-    void setSourceData(QList<ListData> &data);
-
-private:
-    bool isInRange(const QModelIndex &index) const;
-
-    QList<ListData> &m_data;
-    QStringList m_headers;
 };
 
 } // namespace tarn2::specific::orvo5000::programmer
