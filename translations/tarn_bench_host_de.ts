@@ -239,26 +239,6 @@
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
         <translation>%1 (%2 von %3 Schritten gesendet; mehr fasst das Gerät nicht)</translation>
     </message>
-    <message>
-        <source>Upload</source>
-        <translation>Übertragung</translation>
-    </message>
-    <message>
-        <source>The sequence has %1 steps; this instrument holds %2.
-
-Upload only the first %2 steps?</source>
-        <translation>Die Sequenz hat %1 Schritte; dieses Gerät fasst %2.
-
-Nur die ersten %2 Schritte übertragen?</translation>
-    </message>
-    <message>
-        <source>Not uploaded: the sequence is longer than the instrument holds</source>
-        <translation>Nicht übertragen: die Sequenz ist länger, als das Gerät fasst</translation>
-    </message>
-    <message>
-        <source>Not uploaded: still connecting; upload once connected</source>
-        <translation>Nicht übertragen: die Verbindung wird noch aufgebaut; nach dem Verbinden übertragen</translation>
-    </message>
 </context>
 <context>
     <name>tarn::host::CloseGuard</name>
@@ -967,6 +947,29 @@ Die %n Schritte der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusfo
     <message>
         <source>Cannot open %1: %2</source>
         <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::Step</name>
+    <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>Nicht übertragen: die Verbindung wird noch aufgebaut; nach dem Verbinden übertragen</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>The sequence has %1 steps; this instrument holds %2.
+
+Upload only the first %2 steps?</source>
+        <translation>Die Sequenz hat %1 Schritte; dieses Gerät fasst %2.
+
+Nur die ersten %2 Schritte übertragen?</translation>
+    </message>
+    <message>
+        <source>Not uploaded: the sequence is longer than the instrument holds</source>
+        <translation>Nicht übertragen: die Sequenz ist länger, als das Gerät fasst</translation>
     </message>
 </context>
 <context>

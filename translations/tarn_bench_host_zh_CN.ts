@@ -236,26 +236,6 @@
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
         <translation>%1（已发送 %2/%3 步；仪器无法容纳更多步骤）</translation>
     </message>
-    <message>
-        <source>Upload</source>
-        <translation>上传</translation>
-    </message>
-    <message>
-        <source>The sequence has %1 steps; this instrument holds %2.
-
-Upload only the first %2 steps?</source>
-        <translation>该序列有 %1 步；此仪器最多容纳 %2 步。
-
-是否只上传前 %2 步？</translation>
-    </message>
-    <message>
-        <source>Not uploaded: the sequence is longer than the instrument holds</source>
-        <translation>未上传：序列超出了仪器可容纳的步数</translation>
-    </message>
-    <message>
-        <source>Not uploaded: still connecting; upload once connected</source>
-        <translation>未上传：仍在连接中；连接后再上传</translation>
-    </message>
 </context>
 <context>
     <name>tarn::host::CloseGuard</name>
@@ -957,6 +937,29 @@ Load its %n steps with the end state Output Off?</source>
     <message>
         <source>Cannot open %1: %2</source>
         <translation>无法打开 %1:%2</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::Step</name>
+    <message>
+        <source>Not uploaded: still connecting; upload once connected</source>
+        <translation>未上传：仍在连接中；连接后再上传</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>The sequence has %1 steps; this instrument holds %2.
+
+Upload only the first %2 steps?</source>
+        <translation>该序列有 %1 步；此仪器最多容纳 %2 步。
+
+是否只上传前 %2 步？</translation>
+    </message>
+    <message>
+        <source>Not uploaded: the sequence is longer than the instrument holds</source>
+        <translation>未上传：序列超出了仪器可容纳的步数</translation>
     </message>
 </context>
 <context>

@@ -4,9 +4,9 @@
 #include "commandchannel.h"
 #include "instrumentlink.h"
 #include "linkfactory.h"
-#include "preflight.h"
 #include "prompter.h"
 #include "statusmonitor.h"
+#include "uploadgate.h"
 
 #include <dialogprogrammer.h>
 
@@ -144,34 +144,16 @@ bool BenchController::preflight(const UploadParam &param)
 {
     if (!m_dialog)
         return false;
-    // The limits the instrument gave are read while connecting; an upload does not go ahead of
-    // them, nor compete with their replies.
-    if (state() == State::Connecting) {
-        refuseUpload({false, tr("Not uploaded: still connecting; upload once connected"), -1, -1});
-        return false;
-    }
-    const StepLimits limits = m_connection->stepLimits(param.channel);
     const bool list = param.mode == UploadMode::List;
-    const Preflight check = list ? Preflight::check(m_dialog->listSequence(), limits)
-                                 : Preflight::check(m_dialog->delayerSequence(), limits);
     m_sequenceLength = list ? m_dialog->listSequence().size() : m_dialog->delayerSequence().size();
-    if (!check.passed()) {
-        refuseUpload({false, check.refusal(), check.firstBad, -1});
-        return false;
-    }
-    if (m_sequenceLength > param.maxCount && m_prompter
-        && m_prompter->question(m_dialog,
-                                tr("Upload"),
-                                tr("The sequence has %1 steps; this instrument holds %2.\n\n"
-                                   "Upload only the first %2 steps?")
-                                    .arg(m_sequenceLength)
-                                    .arg(param.maxCount))
-               != Prompter::Answer::Yes) {
-        refuseUpload(
-            {false, tr("Not uploaded: the sequence is longer than the instrument holds"), -1, -1});
-        return false;
-    }
-    return true;
+    const std::optional<UploadOutcome> refusal
+        = list ? UploadGate::check(
+              *m_connection, param, m_dialog->listSequence(), m_prompter, m_dialog)
+               : UploadGate::check(
+                   *m_connection, param, m_dialog->delayerSequence(), m_prompter, m_dialog);
+    if (refusal)
+        refuseUpload(*refusal);
+    return !refusal;
 }
 
 void BenchController::refuseUpload(const UploadOutcome &outcome)
