@@ -2,10 +2,10 @@
 // waits for one round trip per step, both against tarn_supply_sim in the same run.
 #include "simulatorprocess.h"
 
-#include <dialogprogrammer.h>
-#include <instrumentdescription.h>
 #include "commandset.h"
 #include "instrumentoption.h"
+#include <dialogprogrammer.h>
+#include <instrumentdescription.h>
 #include <window/benchcontroller.h>
 
 #include <benchmark/benchmark.h>

@@ -2,9 +2,9 @@
 // drive uploads from the dialog to an instrument.
 #pragma once
 
-#include <dialogprogrammer.h>
 #include "commandset.h"
 #include "instrumentoption.h"
+#include <dialogprogrammer.h>
 #include <window/benchcontroller.h>
 
 #include <QComboBox>

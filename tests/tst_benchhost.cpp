@@ -4,13 +4,13 @@
 #include "benchfixture.h"
 #include "simulatorprocess.h"
 
-#include <dialogprogrammer.h>
-#include <languages.h>
-#include "simlink.h"
 #include "commandchannel.h"
 #include "commandset.h"
 #include "instrumentoption.h"
+#include "simlink.h"
 #include "statusmonitor.h"
+#include <dialogprogrammer.h>
+#include <languages.h>
 #include <supplyengine.h>
 #include <window/benchcontroller.h>
 #include <window/instrumentstatusview.h>

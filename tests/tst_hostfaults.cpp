@@ -4,8 +4,8 @@
 #include "benchfixture.h"
 #include "simulatorprocess.h"
 
-#include "simlink.h"
 #include "runsession.h"
+#include "simlink.h"
 #include <supplyengine.h>
 
 #include <QRandomGenerator>

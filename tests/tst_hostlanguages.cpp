@@ -1,10 +1,10 @@
 // Tests of the bench host's languages: the catalogues change what the window shows, and never what
 // a sequence file holds or how it loads.
+#include "commandset.h"
+#include "instrumentoption.h"
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
 #include <languages.h>
-#include "commandset.h"
-#include "instrumentoption.h"
 #include <window/mainwindow.h>
 #include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>

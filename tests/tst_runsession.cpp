@@ -2,11 +2,11 @@
 // endless repeats, refusals, a link that drops during a run, and the exported trace.
 #include "simulatorprocess.h"
 
-#include "simlink.h"
-#include "tcplink.h"
 #include "commandchannel.h"
 #include "commandset.h"
 #include "runsession.h"
+#include "simlink.h"
+#include "tcplink.h"
 #include <supplyengine.h>
 #include <window/runview.h>
 

@@ -1,10 +1,10 @@
 // Tests of the bench host's safe editing: loads that keep the sequence, saves that warn, Escape and
 // closing, sequences kept between runs, undo and redo and rows pasted from a spreadsheet, all on
 // the real window with a scripted prompter.
-#include <dialogprogrammer.h>
 #include "commandset.h"
-#include <window/mainwindow.h>
 #include "prompter.h"
+#include <dialogprogrammer.h>
+#include <window/mainwindow.h>
 #include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>
 #include <window/sequencehistory.h>

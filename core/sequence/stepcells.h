@@ -17,6 +17,9 @@ TARN2_SPECIFIC_EXPORT QString number(double value, int decimals);
 TARN2_SPECIFIC_EXPORT QVariant listCell(const ListData &step, int row, int column, int role);
 
 // The horizontal header texts; vertical headers and other roles have none.
-TARN2_SPECIFIC_EXPORT QVariant header(const QStringList &headers, int section, Qt::Orientation orientation, int role);
+TARN2_SPECIFIC_EXPORT QVariant header(const QStringList &headers,
+                                      int section,
+                                      Qt::Orientation orientation,
+                                      int role);
 
 } // namespace tarn2::specific::orvo5000::programmer::stepcells

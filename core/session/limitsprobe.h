@@ -1,8 +1,8 @@
 // Asking a freshly connected instrument what each of its channels accepts.
 #pragma once
 
-#include "commandset.h"
 #include "channellimits.h"
+#include "commandset.h"
 
 #include <QObject>
 #include <QVector>

@@ -1,9 +1,9 @@
 // The dialog a sequence-file fuzzer loads its inputs through, offscreen, built once per process.
 #pragma once
 
+#include "instrumentoption.h"
 #include <dialogprogrammer.h>
 #include <instrumentdescription.h>
-#include "instrumentoption.h"
 
 #include <QApplication>
 #include <QDir>
