@@ -85,11 +85,13 @@ void UploadSession::begin(const UploadParam &param)
     m_phase = Phase::Sending;
 
     if (!m_channel->link()) {
-        end({false, tr("Not connected to an instrument: connect first, then upload"), -1, -1});
+        end({false, tr("Not connected to an instrument: connect first, then upload"), -1, -1},
+            UploadEnd::NotConnected);
         return;
     }
     if (param.channel < 1 || param.channel > m_description.channels.size()) {
-        end({false, tr("This instrument has no channel %1").arg(param.channel), -1, -1});
+        end({false, tr("This instrument has no channel %1").arg(param.channel), -1, -1},
+            UploadEnd::BadRequest);
         return;
     }
     m_channelName = m_description.channels.at(param.channel - 1).name;
@@ -110,7 +112,8 @@ void UploadSession::begin(const UploadParam &param)
                      .arg(error ? QStringLiteral("%1, %2").arg(error->code).arg(error->text)
                                 : QString::fromUtf8(line.left(200))),
                  -1,
-                 -1});
+                 -1},
+                UploadEnd::Refused);
     });
     emit nextWanted();
 }
@@ -154,7 +157,8 @@ void UploadSession::sync(int upTo)
                  tr("The instrument's error reply could not be read: %1")
                      .arg(QString::fromUtf8(line.left(200))),
                  -1,
-                 -1});
+                 -1},
+                UploadEnd::Unreadable);
             return;
         }
         if (error->code != 0) {
@@ -184,7 +188,8 @@ void UploadSession::refused(const QString &error)
             const auto held = reply::parseCount(line, m_description.maxCount);
             m_channel->send(m_commands.line("clearStatus"));
             if (!held) {
-                end({false, tr("The instrument refused a step: %1").arg(error), -1, -1});
+                end({false, tr("The instrument refused a step: %1").arg(error), -1, -1},
+                    UploadEnd::Refused);
                 return;
             }
             end({false,
@@ -194,7 +199,8 @@ void UploadSession::refused(const QString &error)
                      .arg(*held)
                      .arg(m_total),
                  *held,
-                 *held});
+                 *held},
+                UploadEnd::Refused);
         });
     emit stopWanted();
 }
@@ -241,13 +247,15 @@ void UploadSession::verify(const QByteArray &line)
         if (steps)
             compare(*steps);
         else
-            end({false, tr("The instrument's read-back could not be read"), -1, -1});
+            end({false, tr("The instrument's read-back could not be read"), -1, -1},
+                UploadEnd::Mismatch);
     } else {
         const auto steps = reply::parseDelayerData(line, bound);
         if (steps)
             compare(*steps);
         else
-            end({false, tr("The instrument's read-back could not be read"), -1, -1});
+            end({false, tr("The instrument's read-back could not be read"), -1, -1},
+                UploadEnd::Mismatch);
     }
 }
 
@@ -263,7 +271,8 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
                      .arg(i + 1)
                      .arg(stepText(i), describe(held.at(i))),
                  i,
-                 count});
+                 count},
+                UploadEnd::Mismatch);
             return;
         }
     }
@@ -273,7 +282,8 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
                  .arg(count)
                  .arg(m_sent),
              qMin(count, m_sent),
-             count});
+             count},
+            UploadEnd::Mismatch);
         return;
     }
     emit progressed(m_sent, m_total, 0);
@@ -289,7 +299,8 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
     end({true,
          UploadSession::tr("Verified %1 steps on %2").arg(m_sent).arg(m_channelName),
          -1,
-         m_sent});
+         m_sent},
+        UploadEnd::Verified);
 }
 
 void UploadSession::dialogError(const QString &error)
@@ -305,7 +316,8 @@ void UploadSession::dialogError(const QString &error)
              .arg(m_total)
              .arg(m_confirmed),
          -1,
-         -1});
+         -1},
+        UploadEnd::TimedOut);
 }
 
 void UploadSession::cancel()
@@ -316,7 +328,7 @@ void UploadSession::cancel()
     m_channel->forget();
     emit stopWanted();
     if (!m_channel->link()) {
-        end({false, tr("Upload cancelled"), -1, -1});
+        end({false, tr("Upload cancelled"), -1, -1}, UploadEnd::Cancelled);
         return;
     }
     m_channel->query(
@@ -328,7 +340,8 @@ void UploadSession::cancel()
                             .arg(m_total)
                       : tr("Upload cancelled"),
                  -1,
-                 held.value_or(-1)});
+                 held.value_or(-1)},
+                UploadEnd::Cancelled);
         });
 }
 
@@ -342,7 +355,8 @@ void UploadSession::linkLost(const QString &reason)
              .arg(m_confirmed)
              .arg(m_total),
          -1,
-         -1});
+         -1},
+        UploadEnd::LinkLost);
 }
 
 void UploadSession::replyTimedOut(const QByteArray &command)
@@ -356,16 +370,18 @@ void UploadSession::replyTimedOut(const QByteArray &command)
              .arg(m_confirmed)
              .arg(m_total),
          -1,
-         -1});
+         -1},
+        UploadEnd::TimedOut);
 }
 
-void UploadSession::end(const UploadOutcome &outcome)
+void UploadSession::end(UploadOutcome outcome, UploadEnd ending)
 {
     const bool wasEnding = m_phase == Phase::Ending;
     m_phase = Phase::Idle;
     m_channel->forget();
     if (!wasEnding)
         emit stopWanted();
+    outcome.ending = ending;
     emit ended(outcome);
 }
 

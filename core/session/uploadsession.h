@@ -14,12 +14,26 @@ namespace tarn::host {
 
 class CommandChannel;
 
+// How an upload ended, for a caller that must tell outcomes apart (a script's exit status).
+enum class UploadEnd {
+    Verified,
+    NotConnected,
+    BadRequest, // a channel the instrument does not have
+    Refused,    // the instrument refused the settings or a step
+    Unreadable, // an error reply that could not be read
+    Mismatch,   // the read-back differs or could not be read
+    TimedOut,   // no answer in time
+    LinkLost,
+    Cancelled,
+};
+
 struct UploadOutcome
 {
     bool verified = false;
     QString message;
     int row = -1;  // the step to show the user, 0-based; -1 for none
     int held = -1; // steps the instrument holds, when known
+    UploadEnd ending = UploadEnd::Refused;
 };
 
 // UploadSession turns the dialog's upload run into instrument commands. It never waits for a
@@ -74,7 +88,7 @@ private:
     bool sameAsStored(int index, const tarn2::specific::orvo5000::programmer::ListData &held) const;
     bool sameAsStored(int index,
                       const tarn2::specific::orvo5000::programmer::DelayerData &held) const;
-    void end(const UploadOutcome &outcome);
+    void end(UploadOutcome outcome, UploadEnd ending);
     QString stepText(int index) const;
     QString describe(const tarn2::specific::orvo5000::programmer::ListData &step) const;
     QString describe(const tarn2::specific::orvo5000::programmer::DelayerData &step) const;

@@ -1,0 +1,35 @@
+// What the tool tells its user or the rig software that reads it.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+namespace tarn::cli {
+
+// Reporter writes human text to stdout, or with --json one compact JSON object per line
+// ({"type": "progress" | "problem" | "result" | "info", ...}); errors always go to stderr as text.
+// A progress bar is drawn on stderr only when it is a terminal and the output is for humans.
+class Reporter final
+{
+public:
+    Reporter(bool json, bool quiet);
+
+    bool json() const { return m_json; }
+    void info(const QString &text, const QJsonObject &fields = {});
+    // `step` counts from 1, as the messages do; 0 for a problem of the file as a whole.
+    void problem(int step, const QString &text);
+    void progress(int done, int total);
+    void result(bool ok, const QString &text, QJsonObject fields = {});
+    void error(const QString &text);
+
+private:
+    void line(const QJsonObject &object);
+    void endProgress();
+
+    bool m_json;
+    bool m_quiet;
+    bool m_bar;
+    bool m_barShown = false;
+};
+
+} // namespace tarn::cli
