@@ -73,8 +73,15 @@ qint64 ClientConnection::read(char *data, qint64 size)
     if (m_fd < 0 || m_inputEnded)
         return 0;
     const ssize_t n = ::recv(m_fd, data, static_cast<size_t>(size), 0);
-    if (n > 0)
+    if (n > 0) {
+        // A command that gets no reply would leave its acknowledgement to the delayed-ACK timer,
+        // and a client that sends its next line only once the last is acknowledged (Nagle's rule,
+        // on by default in most VISA stacks) would wait 40 ms for it: acknowledge at once. The
+        // kernel leaves quick-ack mode on its own, so it is asked for again after every read.
+        const int one = 1;
+        ::setsockopt(m_fd, IPPROTO_TCP, TCP_QUICKACK, &one, sizeof one);
         return n;
+    }
     if (n == 0) {
         m_inputEnded = true;
         m_readNotifier->setEnabled(false);
