@@ -3,6 +3,7 @@
 
 #include "reporter.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <cstdio>
@@ -25,6 +26,7 @@ CommandLine::CommandLine(const QString &name, const QString &synopsis, const QSt
     m_parser.setApplicationDescription(description);
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     m_parser.addOptions({m_json, m_quiet, m_instrument, m_help});
+    m_parser.addVersionOption();
 }
 
 CommandLine::~CommandLine() = default;
@@ -44,10 +46,14 @@ std::optional<ExitStatus> CommandLine::parse(const QStringList &arguments)
 {
     if (!m_parser.parse(arguments))
         return usage(m_parser.errorText());
+    if (m_parser.isSet(QStringLiteral("version"))) {
+        std::printf("tarn_bench_cli %s\n", qPrintable(QCoreApplication::applicationVersion()));
+        return Success;
+    }
     if (m_parser.isSet(m_help)) {
         QString text = m_parser.helpText();
         // The parser knows the program, not the subcommand: name both in the first line.
-        text.replace(QRegularExpression(QStringLiteral("^Usage: \\S+ \\[options\\]")),
+        text.replace(QRegularExpression(QStringLiteral("^Usage: [^\n]*")),
                      QStringLiteral("Usage: tarn_bench_cli %1 %2").arg(m_name, m_synopsis));
         std::fputs(qPrintable(text), stdout);
         return Success;

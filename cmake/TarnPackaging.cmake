@@ -1,5 +1,6 @@
 # The Debian package of everything that is installed: the libraries and their headers and CMake
-# package, the bench host with its desktop entry and icon, the simulated supply and the catalogues.
+# package, the bench host with its desktop entry and icon, the command-line tool, the simulated
+# supply and the catalogues.
 # scripts/package.sh builds it.
 set(CPACK_PACKAGE_NAME tarn-bench-programmer)
 set(CPACK_PACKAGE_VENDOR "Tarn")

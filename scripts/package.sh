@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the Debian package (libraries, headers and CMake package, the bench host with its desktop
-# entry and icon, the simulated supply, the catalogues) in build/package and prints its path.
+# entry and icon, the command-line tool, the simulated supply, the catalogues) in build/package and
+# prints its path.
 #   scripts/package.sh            then: sudo apt-get install ./build/package/tarn-bench-programmer_*.deb
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
