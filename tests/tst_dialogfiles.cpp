@@ -38,7 +38,6 @@ namespace {
 
 // What the host does when the dialog asks it to load a file.
 enum class Host {
-    Ignores,      // leaves the empty steps and the tab's values as the dialog handed them over
     KeepsTheFile, // loads the file and hands back the tab as the load left it
     Answers,      // loads the file, then hands back its own cycles and end state
 };
@@ -129,8 +128,6 @@ class TestDialogFiles : public QObject
             QVERIFY(save(datas));
         };
         const auto loading = [this](auto &datas, UploadParam &param) {
-            if (host == Host::Ignores)
-                return;
             fill(datas);
             param = dialog->getUploadParamFromUI(tab);
             if (host == Host::Answers) {
@@ -210,17 +207,6 @@ private slots:
         openTab(UploadMode::List);
         host = Host::KeepsTheFile;
         loadInTime(lines);
-        QCOMPARE(shownSteps(), QList<QStringList>());
-        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
-        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
-        verifyCounterAndSelection();
-    }
-
-    void hostIgnoringTheLoadEmptiesTheTab()
-    {
-        openTab(UploadMode::List);
-        host = Host::Ignores;
-        loadFile(loadable);
         QCOMPARE(shownSteps(), QList<QStringList>());
         QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
         QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
@@ -353,16 +339,17 @@ private slots:
                               "End Status,Last",
                               "Groups,3",
                               "No.",
-                              "0,On,1",
+                              "0,On,0.1",
                               "1,ON,2",
                               "3,on,1.5"}
-            << 99999 << "ON" << QList<QStringList>{{"true", "1"}, {"false", "2"}, {"false", "1.5"}}
+            << 99999 << "ON"
+            << QList<QStringList>{{"true", "0.1"}, {"false", "2"}, {"false", "1.5"}}
             << QStringList{"DELAYER,10",
                            "Cycles,99999",
                            "End Status,Output On",
                            "Groups,3",
                            "No.,State,Time(s)",
-                           "0,On,1.000",
+                           "0,On,0.100",
                            "1,Off,2.000",
                            "2,Off,1.500"};
         QTest::newRow("delayer saved with end state Last")
