@@ -352,21 +352,6 @@ private slots:
                            "0,On,0.100",
                            "1,Off,2.000",
                            "2,Off,1.500"};
-        QTest::newRow("delayer saved with end state Last")
-            << UploadMode::Delayer
-            << QByteArrayList{"DELAYER,10",
-                              "Cycles,1",
-                              "End Status,Output Off",
-                              "Groups,1",
-                              "No.",
-                              "0,Off,2"}
-            << 3 << "LAST" << QList<QStringList>{{"false", "2"}}
-            << QStringList{"DELAYER,10",
-                           "Cycles,3",
-                           "End Status,Last",
-                           "Groups,1",
-                           "No.,State,Time(s)",
-                           "0,Off,2.000"};
     }
 
     // The host's cycles and end state win over the file's; what is then saved, with the
