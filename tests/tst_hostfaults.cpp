@@ -48,8 +48,6 @@ private slots:
     void uploaderStopFromInsideEverySignal();
     void dialogClosedDuringAnUpload();
     void replyThatNeverEndsIsCut();
-    void randomListFilesComeBackExactly();
-    void randomDelayerFilesComeBackExactly();
     void randomSequencesUploadAndReadBackExactly();
 
 private:
@@ -209,53 +207,6 @@ void TestHostFaults::replyThatNeverEndsIsCut()
                             "longer than 262144 bytes")
                  .arg(server.serverPort()));
     QVERIFY(sent <= 8);
-}
-
-void TestHostFaults::randomListFilesComeBackExactly()
-{
-    QRandomGenerator random(20261123);
-    QTemporaryDir dir;
-    Bench bench;
-    const auto &channels = bench.description.channels;
-    for (int round = 0; round < 20; ++round) {
-        const auto &channel = channels.at(round % channels.size());
-        QList<ListData> steps;
-        const int count = 1 + random.bounded(300);
-        for (int i = 0; i < count; ++i)
-            steps.append(ListData(within(random, channel.voltage.min, channel.voltage.max, 3),
-                                  within(random, channel.current.min, channel.current.max, 3),
-                                  within(random, 0.001, 99999.0, 3)));
-        const QString path = dir.filePath(QStringLiteral("list%1.csv").arg(round));
-        QVERIFY(bench.dialog->listSaveData(path, steps));
-        const QList<ListData> back = bench.dialog->listLoadData(path);
-        QCOMPARE(back.size(), steps.size());
-        for (int i = 0; i < steps.size(); ++i) {
-            QCOMPARE(back.at(i).voltage, steps.at(i).voltage);
-            QCOMPARE(back.at(i).current, steps.at(i).current);
-            QCOMPARE(back.at(i).time, steps.at(i).time);
-        }
-    }
-}
-
-void TestHostFaults::randomDelayerFilesComeBackExactly()
-{
-    QRandomGenerator random(1123);
-    QTemporaryDir dir;
-    Bench bench;
-    for (int round = 0; round < 20; ++round) {
-        QList<DelayerData> steps;
-        const int count = 1 + random.bounded(300);
-        for (int i = 0; i < count; ++i)
-            steps.append(DelayerData(random.bounded(2) == 1, within(random, 0.001, 99999.0, 3)));
-        const QString path = dir.filePath(QStringLiteral("delayer%1.csv").arg(round));
-        QVERIFY(bench.dialog->delayerSaveData(path, steps));
-        const QList<DelayerData> back = bench.dialog->delayerLoadData(path);
-        QCOMPARE(back.size(), steps.size());
-        for (int i = 0; i < steps.size(); ++i) {
-            QCOMPARE(back.at(i).state, steps.at(i).state);
-            QCOMPARE(back.at(i).time, steps.at(i).time);
-        }
-    }
 }
 
 void TestHostFaults::randomSequencesUploadAndReadBackExactly()

@@ -51,7 +51,6 @@ class TestInstrumentDescription : public QObject
     Q_OBJECT
 
 private slots:
-    void builtInDescribesTheSixChannelSupply();
     void jsonRoundTripKeepsEveryField();
     void exampleFileIsTheBuiltInSupply();
     void damagedDescriptionsAreRefused_data();
@@ -59,27 +58,6 @@ private slots:
     void aMillionChannelsAreRefusedBeforeTheyAreRead();
     void unreadableFileNamesThePath();
 };
-
-void TestInstrumentDescription::builtInDescribesTheSixChannelSupply()
-{
-    const InstrumentDescription d = InstrumentDescription::builtIn();
-    QCOMPARE(d.identity(), QStringLiteral("Tarn,Simulated Supply,SIM-000001,1.0.0"));
-    QCOMPARE(d.timeDecimals, 3);
-    QCOMPARE(d.timeMin, 0.001);
-    QCOMPARE(d.timeMax, 99999.0);
-    QCOMPARE(d.maxCount, 2048);
-    QCOMPARE(d.channels.size(), 6);
-    const QStringList names{"CH1", "CH2", "CH3", "CH4", "Series", "Parallel"};
-    const QVector<double> volts{32, 32, 32, 32, 64, 32};
-    const QVector<double> amperes{3.2, 3.2, 3.2, 3.2, 3.2, 6.4};
-    for (int i = 0; i < 6; ++i) {
-        QCOMPARE(d.channels.at(i).name, names.at(i));
-        QCOMPARE(d.channels.at(i).voltage.max, volts.at(i));
-        QCOMPARE(d.channels.at(i).current.max, amperes.at(i));
-        QCOMPARE(d.channels.at(i).voltage.min, 0.0);
-        QCOMPARE(d.channels.at(i).current.min, 0.0);
-    }
-}
 
 void TestInstrumentDescription::jsonRoundTripKeepsEveryField()
 {

@@ -41,33 +41,26 @@ private slots:
     void refusedRequestsChangeNothing_data();
     void refusedRequestsChangeNothing();
     void stepsAreStoredAtTheInstrumentsDecimals();
-    void rewritingAStepReplacesIt();
     void injectedFaultRefusesOneStep();
     void errorQueueIsBoundedAndReportsOverflow();
-    void queriesOnOneLineShareOneReply();
     void resetClearsSequencesButKeepsErrors();
     void loadDecidesConstantVoltageOrCurrent_data();
     void loadDecidesConstantVoltageOrCurrent();
     void listPlaysInRealTimeTimesTheSpeed_data();
     void listPlaysInRealTimeTimesTheSpeed();
-    void endStateAppliesWhenTheRunEnds_data();
-    void endStateAppliesWhenTheRunEnds();
     void delayerSwitchesTheOutput();
     void endlessRunStopsOnlyOnCommand();
     void outputOffEndsARun_data();
     void outputOffEndsARun();
     void eachErrorSetsTheEventBitOfItsClass_data();
     void eachErrorSetsTheEventBitOfItsClass();
-    void statusByteSummarisesTheEnabledBits_data();
-    void statusByteSummarisesTheEnabledBits();
+    void freshSupplyAnswersALine_data();
+    void freshSupplyAnswersALine();
     void operationEventsLatchARunBetweenTwoLooks();
-    void minMaxAndDefaultStandForTheChannelsLimits_data();
-    void minMaxAndDefaultStandForTheChannelsLimits();
     void protectionTripsAsTheOutputChanges_data();
     void protectionTripsAsTheOutputChanges();
     void protectionTripsWhenAPlayingStepGoesAbove_data();
     void protectionTripsWhenAPlayingStepGoesAbove();
-    void selfTestLeavesTheSupplyAsItWas();
 };
 
 void TestSupplyEngine::refusedRequestsChangeNothing_data()
@@ -218,15 +211,6 @@ void TestSupplyEngine::stepsAreStoredAtTheInstrumentsDecimals()
     QCOMPARE(supply.engine.listSteps(0).at(1).ticks, qint64(1500));
 }
 
-void TestSupplyEngine::rewritingAStepReplacesIt()
-{
-    Supply supply;
-    supply.send("DEL:STEP 1,ON,0.1;DEL:STEP 2,OFF,0.2;DEL:STEP 1,OFF,0.3");
-    QCOMPARE(supply.send("DEL:DATA?;DEL:COUN?"), QByteArray("0,0.300,0,0.200;2"));
-    supply.send("DEL:CLE");
-    QCOMPARE(supply.send("DEL:DATA?;DEL:COUN?"), QByteArray(";0"));
-}
-
 void TestSupplyEngine::injectedFaultRefusesOneStep()
 {
     Supply supply;
@@ -250,16 +234,6 @@ void TestSupplyEngine::errorQueueIsBoundedAndReportsOverflow()
     QCOMPARE(supply.send("SYST:ERR?"), QByteArray("0,\"No error\""));
     supply.send("BOGUS;*CLS");
     QCOMPARE(supply.send("SYST:ERR:COUN?"), QByteArray("0"));
-}
-
-void TestSupplyEngine::queriesOnOneLineShareOneReply()
-{
-    Supply supply;
-    QCOMPARE(supply.send("*IDN?;inst:nsel 6;:INSTRUMENT:SELECT?;*OPC?"),
-             QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0;Parallel;1"));
-    QCOMPARE(supply.send("INST:CAT?"),
-             QByteArray("\"CH1\",\"CH2\",\"CH3\",\"CH4\",\"Series\",\"Parallel\""));
-    QCOMPARE(supply.send("OUTP ON;VOLT 3"), QByteArray("(none)"));
 }
 
 void TestSupplyEngine::resetClearsSequencesButKeepsErrors()
@@ -330,37 +304,6 @@ void TestSupplyEngine::listPlaysInRealTimeTimesTheSpeed()
     supply.advanceMs(ms);
     QCOMPARE(supply.send("LIST:POS?"), position);
     QCOMPARE(supply.send("MEAS:VOLT?"), voltage);
-}
-
-void TestSupplyEngine::endStateAppliesWhenTheRunEnds_data()
-{
-    QTest::addColumn<QByteArray>("end");
-    QTest::addColumn<QByteArray>("after");
-
-    QTest::newRow("off") << QByteArray("OFF") << QByteArray("0;0.000;5.000");
-    QTest::newRow("on at the channel's set-point")
-        << QByteArray("ON") << QByteArray("1;5.000;5.000");
-    QTest::newRow("on at the last step") << QByteArray("LAST") << QByteArray("1;3.000;3.000");
-}
-
-void TestSupplyEngine::endStateAppliesWhenTheRunEnds()
-{
-    QFETCH(QByteArray, end);
-    QFETCH(QByteArray, after);
-
-    for (const bool stopped : {false, true}) {
-        Supply supply;
-        supply.send("VOLT 5;LIST:STEP 1,1,1,0.5;LIST:STEP 2,3,1,0.5;LIST:REP 1;LIST:END " + end
-                    + ";LIST:RUN");
-        if (stopped) {
-            supply.advanceMs(200);
-            supply.send("LIST:STOP");
-        } else {
-            supply.advanceMs(1000);
-        }
-        QCOMPARE(supply.send("LIST:STAT?"), QByteArray("STOP"));
-        QCOMPARE(supply.send("OUTP?;MEAS:VOLT?;VOLT?"), after);
-    }
 }
 
 void TestSupplyEngine::delayerSwitchesTheOutput()
@@ -443,11 +386,12 @@ void TestSupplyEngine::eachErrorSetsTheEventBitOfItsClass()
              QByteArray::number(eventStatus) + ";0;" + QByteArray::number(ErrorQueue::capacity));
 }
 
-void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
+void TestSupplyEngine::freshSupplyAnswersALine_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<QByteArray>("reply");
 
+    // The status byte summarises the enabled bits.
     QTest::newRow("power-on event, not enabled") << QByteArray("*STB?") << QByteArray("0");
     QTest::newRow("power-on event, enabled")
         << QByteArray("*ESE 128;*STB?;*ESE?") << QByteArray("32;128");
@@ -478,32 +422,8 @@ void TestSupplyEngine::statusByteSummarisesTheEnabledBits_data()
         << QByteArray("*SRE 256;STAT:OPER:ENAB 65536;SYST:ERR?;SYST:ERR?;*SRE?;STAT:OPER:ENAB?")
         << QByteArray("-222,\"Data out of range;mask 256 is outside 0..255\";"
                       "-222,\"Data out of range;mask 65536 is outside 0..65535\";0;0");
-}
 
-void TestSupplyEngine::statusByteSummarisesTheEnabledBits()
-{
-    QFETCH(QByteArray, line);
-    QFETCH(QByteArray, reply);
-    Supply supply;
-    QCOMPARE(supply.send(line), reply);
-}
-
-void TestSupplyEngine::operationEventsLatchARunBetweenTwoLooks()
-{
-    Supply supply;
-    supply.send("LIST:STEP 1,2,1,0.5;DEL:STEP 1,ON,0.5;LIST:RUN");
-    QCOMPARE(supply.send("STAT:OPER:COND?"), QByteArray("256"));
-    supply.advanceMs(600);
-    supply.send("DEL:RUN");
-    supply.advanceMs(600);
-    QCOMPARE(supply.send("STAT:OPER:COND?;STAT:OPER?;STAT:OPER?"), QByteArray("0;768;0"));
-}
-
-void TestSupplyEngine::minMaxAndDefaultStandForTheChannelsLimits_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("reply");
-
+    // MIN, MAX and DEF stand for the channel's limits.
     QTest::newRow("voltage limits")
         << QByteArray("VOLT? MIN;VOLT? MAX;VOLT? DEF") << QByteArray("0.000;32.000;0.000");
     QTest::newRow("current limits of another channel")
@@ -526,14 +446,47 @@ void TestSupplyEngine::minMaxAndDefaultStandForTheChannelsLimits_data()
         << QByteArray("LIST:END MAX;SYST:ERR?;LIST:END?")
         << QByteArray("-224,\"Illegal parameter value;expected "
                       "OFF, ON or LAST\";OFF");
+
+    // Queries on one line share one reply; a line without a query gets none.
+    QTest::newRow("queries on one line")
+        << QByteArray("*IDN?;inst:nsel 6;:INSTRUMENT:SELECT?;*OPC?")
+        << QByteArray("Tarn,Simulated Supply,SIM-000001,1.0.0;Parallel;1");
+    QTest::newRow("channel catalogue")
+        << QByteArray("INST:CAT?")
+        << QByteArray("\"CH1\",\"CH2\",\"CH3\",\"CH4\",\"Series\",\"Parallel\"");
+    QTest::newRow("no query") << QByteArray("OUTP ON;VOLT 3") << QByteArray("(none)");
+
+    // Rewriting a step replaces it; clearing empties the sequence.
+    QTest::newRow("step rewritten")
+        << QByteArray("DEL:STEP 1,ON,0.1;DEL:STEP 2,OFF,0.2;DEL:STEP 1,OFF,0.3;DEL:DATA?;DEL:COUN?")
+        << QByteArray("0,0.300,0,0.200;2");
+    QTest::newRow("steps cleared")
+        << QByteArray("DEL:STEP 1,ON,0.1;DEL:CLE;DEL:DATA?;DEL:COUN?") << QByteArray(";0");
+
+    // The self-test leaves the supply as it was.
+    QTest::newRow("self-test") << QByteArray(
+        "INST CH2;VOLT 3;LIST:STEP 1,2,1,1;LIST:RUN;"
+        "*TST?;INST?;VOLT?;LIST:STAT?;LIST:COUN?;SYST:ERR:COUN?")
+                               << QByteArray("0;CH2;3.000;RUN;1;0");
 }
 
-void TestSupplyEngine::minMaxAndDefaultStandForTheChannelsLimits()
+void TestSupplyEngine::freshSupplyAnswersALine()
 {
     QFETCH(QByteArray, line);
     QFETCH(QByteArray, reply);
     Supply supply;
     QCOMPARE(supply.send(line), reply);
+}
+
+void TestSupplyEngine::operationEventsLatchARunBetweenTwoLooks()
+{
+    Supply supply;
+    supply.send("LIST:STEP 1,2,1,0.5;DEL:STEP 1,ON,0.5;LIST:RUN");
+    QCOMPARE(supply.send("STAT:OPER:COND?"), QByteArray("256"));
+    supply.advanceMs(600);
+    supply.send("DEL:RUN");
+    supply.advanceMs(600);
+    QCOMPARE(supply.send("STAT:OPER:COND?;STAT:OPER?;STAT:OPER?"), QByteArray("0;768;0"));
 }
 
 void TestSupplyEngine::protectionTripsAsTheOutputChanges_data()
@@ -623,14 +576,6 @@ void TestSupplyEngine::protectionTripsWhenAPlayingStepGoesAbove()
              "STOP;0;" + QByteArray::number(questionable));
     QVERIFY(supply.send("SYST:ERR?").startsWith("-300,"));
     QCOMPARE(supply.send(mode + ":RUN;SYST:ERR?").left(5), QByteArray("-221,"));
-}
-
-void TestSupplyEngine::selfTestLeavesTheSupplyAsItWas()
-{
-    Supply supply;
-    supply.send("INST CH2;VOLT 3;LIST:STEP 1,2,1,1;LIST:RUN");
-    QCOMPARE(supply.send("*TST?;INST?;VOLT?;LIST:STAT?;LIST:COUN?;SYST:ERR:COUN?"),
-             QByteArray("0;CH2;3.000;RUN;1;0"));
 }
 
 QTEST_APPLESS_MAIN(TestSupplyEngine)
