@@ -93,6 +93,7 @@ public:
         Upload,
     };
     // Null for a control the tab of `mode` does not have (the Delayer has no reset buttons).
+    // TemplateObject is the List's Object choice and the Delayer's Pattern.
     QWidget *control(UploadMode mode, Control control) const;
     QTableView *sequenceView(UploadMode mode) const;
     // Gives each template editor without a tool tip the text of the label beside it.
