@@ -134,7 +134,7 @@ ExitStatus Rig::connectTo(const QString &address)
         return Interrupted;
     if (m_connection.state() != InstrumentConnection::State::Connected) {
         m_reporter.error(message);
-        return message.contains(QLatin1String("no answer within")) ? Timeout : Connection;
+        return m_connection.lastAttemptWasSilent() ? Timeout : Connection;
     }
     m_reporter.info(message, {{QStringLiteral("identity"), m_connection.identity()}});
     return Success;

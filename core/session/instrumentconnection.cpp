@@ -28,6 +28,7 @@ InstrumentConnection::InstrumentConnection(const sim::InstrumentDescription &des
     qRegisterMetaType<tarn::host::InstrumentConnection::State>();
     m_connectTimer->setSingleShot(true);
     connect(m_connectTimer, &QTimer::timeout, this, [this] {
+        m_silent = true;
         linkFailed(tr("no answer within %1 s").arg(connectTimeoutMs / 1000));
     });
     connect(m_channel, &CommandChannel::traffic, this, &InstrumentConnection::traffic);
@@ -55,6 +56,7 @@ void InstrumentConnection::setState(State state, const QString &message)
 void InstrumentConnection::connectTo(const QString &address)
 {
     disconnectFromInstrument();
+    m_silent = false;
     QString error;
     std::unique_ptr<InstrumentLink> link = m_createLink(address, &error);
     m_address = address.trimmed();

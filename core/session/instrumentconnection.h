@@ -62,6 +62,10 @@ public:
     // them, the description's otherwise.
     StepLimits stepLimits(int channel) const;
 
+    // Whether the last attempt to connect failed because the instrument stayed silent, rather
+    // than because the link could not be made or broke.
+    bool lastAttemptWasSilent() const { return m_silent; }
+
     static constexpr int connectTimeoutMs = 5000;
 
 signals:
@@ -88,6 +92,7 @@ private:
     State m_state = State::Disconnected;
     QString m_address;
     QString m_identity;
+    bool m_silent = false;
 };
 
 } // namespace tarn::host
