@@ -49,15 +49,12 @@ std::optional<host::SequenceContent> readSequence(CommandLine &line, const QStri
         return std::nullopt;
     }
     const host::ReadResult read = SequenceReader::readFile(*lines, *mode, formOnly(maxCount));
-    if (!read.ok && !read.refusedOnlyForEndState) {
+    // A List file ending in Output On is refused here too: a script has nobody to ask.
+    if (!read.ok) {
         line.reporter().result(false, QStringLiteral("%1: %2").arg(path, read.error));
         return std::nullopt;
     }
     host::SequenceContent content = read.content;
-    if (read.refusedOnlyForEndState) {
-        line.reporter().result(false, QStringLiteral("%1: %2").arg(path, read.error));
-        return std::nullopt;
-    }
     if (content.endState.isEmpty())
         content.endState = QStringLiteral("LAST"); // a List file's Last
     return content;

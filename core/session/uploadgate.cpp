@@ -19,8 +19,11 @@ std::optional<UploadOutcome> UploadGate::decide(const InstrumentConnection &conn
     // The limits the instrument gave are read while connecting; an upload does not go ahead of
     // them, nor compete with their replies.
     if (connection.state() == InstrumentConnection::State::Connecting)
-        return UploadOutcome{
-            false, tr("Not uploaded: still connecting; upload once connected"), -1, -1};
+        return UploadOutcome{false,
+                             tr("Not uploaded: still connecting; upload once connected"),
+                             -1,
+                             -1,
+                             UploadEnd::NotConnected};
     const Preflight check = Preflight::check(steps, connection.stepLimits(param.channel));
     if (!check.passed())
         return UploadOutcome{false, check.refusal(), check.firstBad, -1};

@@ -61,6 +61,9 @@ with tempfile.TemporaryDirectory() as work:
     with open(os.path.join(work, "high.csv"), "w") as f:
         f.write("LIST,10\nCycles,1\nEnd Status,Output Off\nGroups,3\n"
                 "No.,Voltage(V),Current(A),Time(s)\n0,1,1,1\n1,99,1,1\n2,2,9,1\n")
+    with open(os.path.join(work, "ends-on.csv"), "w") as f:
+        f.write("LIST,10\nCycles,1\nEnd Status,Output On\nGroups,1\n"
+                "No.,Voltage(V),Current(A),Time(s)\n0,1,1,1\n")
 
     # Each outcome a script must tell apart, each with its own status.
     statuses = [
@@ -69,6 +72,7 @@ with tempfile.TemporaryDirectory() as work:
         ("file not written", [], ["generate", "ramp", "-o", "no/such/folder/r.csv"], 1),
         ("unreadable file", [], ["check", "missing.csv"], 3),
         ("steps out of range", [], ["check", "high.csv"], 3),
+        ("a List ending on", [], ["check", "ends-on.csv"], 3),
         ("verified", [], ["upload", "sine.csv"], 0),
         ("refused step", ["--refuse-step", "3"], ["upload", "sine.csv"], 6),
         ("read-back differs", ["--alter-step", "2"], ["upload", "sine.csv"], 7),
