@@ -71,7 +71,7 @@ int reportProblems(Reporter &reporter,
                                                      : limits.problem(content.delayer.at(i));
         if (!problem.isEmpty()) {
             ++refused;
-            reporter.problem(i + 1, problem);
+            reporter.problem(i, problem);
         }
     }
     return refused;

@@ -43,16 +43,16 @@ void Reporter::info(const QString &text, const QJsonObject &fields)
     }
 }
 
-void Reporter::problem(int step, const QString &text)
+void Reporter::problem(int row, const QString &text)
 {
     if (m_json) {
         line({{QStringLiteral("type"), QStringLiteral("problem")},
-              {QStringLiteral("step"), step},
+              {QStringLiteral("step"), row},
               {QStringLiteral("message"), text}});
     } else {
         endProgress();
-        if (step > 0)
-            std::printf("step %d: %s\n", step, qPrintable(text));
+        if (row >= 0)
+            std::printf("step No. %d: %s\n", row, qPrintable(text));
         else
             std::printf("%s\n", qPrintable(text));
         std::fflush(stdout);

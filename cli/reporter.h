@@ -16,8 +16,9 @@ public:
 
     bool json() const { return m_json; }
     void info(const QString &text, const QJsonObject &fields = {});
-    // `step` counts from 1, as the messages do; 0 for a problem of the file as a whole.
-    void problem(int step, const QString &text);
+    // `row` is the step's number in the editor's "No." column, from 0, as every message names it;
+    // -1 for a problem of the file as a whole.
+    void problem(int row, const QString &text);
     void progress(int done, int total);
     void result(bool ok, const QString &text, QJsonObject fields = {});
     void error(const QString &text);

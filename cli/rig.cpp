@@ -187,7 +187,7 @@ ExitStatus Rig::upload(const SequenceContent &content, int channel)
     QJsonObject fields{{QStringLiteral("verified"), outcome->verified},
                        {QStringLiteral("held"), outcome->held}};
     if (outcome->row >= 0)
-        fields.insert(QStringLiteral("step"), outcome->row + 1);
+        fields.insert(QStringLiteral("step"), outcome->row);
     m_reporter.result(outcome->verified, outcome->message, fields);
     if (interruptedNow)
         return Interrupted;

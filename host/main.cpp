@@ -9,7 +9,9 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <cstdio>
 
@@ -40,19 +42,35 @@ int renderScreenshot(MainWindow &window, const QString &path, const QString &tab
     return 0;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+struct Options
 {
-    QApplication app(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Tarn"));
-    QApplication::setApplicationName(QStringLiteral("Bench Host"));
+    QString connect;
+    QString instrument;
+    QString demo;
+    QString screenshot;
+    QString tab;
+    QString language;
+    QString file;
+    QSize size;
+};
 
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Tarn"));
+    QCoreApplication::setApplicationName(QStringLiteral("Bench Host"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TARN_VERSION));
+}
+
+// Reads and checks the options before any window system is touched, so that --help, --version and
+// a refused value work on a terminal without a display. -1 to go on, else the exit status.
+int readOptions(const QCoreApplication &app, Options *options)
+{
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Programs, uploads and verifies the List and Delayer sequences of a bench "
                        "supply. Without --connect it works with the simulated supply."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption connectTo(QStringLiteral("connect"),
                                        QStringLiteral("Instrument address: tcp://HOST[:PORT], "
                                                       "serial:DEVICE[?baud=N] or sim:."),
@@ -62,18 +80,21 @@ int main(int argc, char *argv[])
                                         QStringLiteral("Instrument description file (JSON)."),
                                         QStringLiteral("file"));
     const QCommandLineOption demo(QStringLiteral("demo"),
-                                  QStringLiteral("Upload and verify the default Sine headlessly, "
-                                                 "write a screenshot to <file> and exit."),
+                                  QStringLiteral("Upload and verify the default Sine (or the "
+                                                 "[file] given), run it for three seconds, write "
+                                                 "a screenshot to <file> and exit. Needs no "
+                                                 "display."),
                                   QStringLiteral("file"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
-                                        QStringLiteral("Render the window to <file> and exit."),
+                                        QStringLiteral("Render the window to <file> and exit. "
+                                                       "Needs no display."),
                                         QStringLiteral("file"));
     const QCommandLineOption tab(QStringLiteral("tab"),
                                  QStringLiteral("Tab to render: list or delayer."),
                                  QStringLiteral("tab"),
                                  QStringLiteral("list"));
     const QCommandLineOption size(QStringLiteral("size"),
-                                  QStringLiteral("Size to render, WIDTHxHEIGHT."),
+                                  QStringLiteral("Window size, WIDTHxHEIGHT."),
                                   QStringLiteral("size"),
                                   QStringLiteral("1280x800"));
     const QCommandLineOption lang(QStringLiteral("lang"),
@@ -87,18 +108,62 @@ int main(int argc, char *argv[])
                                                 "--demo: to upload instead of the Sine)."),
                                  QStringLiteral("[file]"));
     parser.process(app);
-    const QString sequenceFile = parser.positionalArguments().value(0);
 
-    const QString language = parser.value(lang);
-    if (parser.isSet(lang) && !availableLanguages().contains(language))
-        return fail(QStringLiteral("no language %1; there are %2")
-                        .arg(language, availableLanguages().join(QStringLiteral(", "))));
-    installTranslators(parser.isSet(lang) ? QLocale(language) : QLocale::system());
+    options->connect = parser.value(connectTo);
+    options->instrument = parser.value(instrument);
+    options->demo = parser.value(demo);
+    options->screenshot = parser.value(screenshot);
+    options->tab = parser.value(tab);
+    options->language = parser.value(lang);
+    options->file = parser.positionalArguments().value(0);
+    if (parser.positionalArguments().size() > 1)
+        return fail(QStringLiteral("one sequence file at a time, not %1")
+                        .arg(parser.positionalArguments().join(QLatin1Char(' '))));
+    if (parser.isSet(lang) && !availableLanguages().contains(options->language))
+        return fail(QStringLiteral("--lang %1: there are %2")
+                        .arg(options->language, availableLanguages().join(QStringLiteral(", "))));
+    const QRegularExpressionMatch wh
+        = QRegularExpression(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$")).match(parser.value(size));
+    if (!wh.hasMatch())
+        return fail(QStringLiteral("--size %1: give WIDTHxHEIGHT in pixels, such as 1280x800")
+                        .arg(parser.value(size)));
+    options->size = QSize(wh.captured(1).toInt(), wh.captured(2).toInt());
+    if (options->tab != QLatin1String("list") && options->tab != QLatin1String("delayer"))
+        return fail(QStringLiteral("--tab %1: the tabs are list and delayer").arg(options->tab));
+    if (!options->file.isEmpty()) {
+        const QFileInfo file(options->file);
+        if (!file.isFile() || !file.isReadable())
+            return fail(QStringLiteral("%1: %2").arg(options->file,
+                                                     file.exists()
+                                                         ? QStringLiteral("not a readable file")
+                                                         : QStringLiteral("no such file")));
+    }
+    return -1;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Options options;
+    {
+        QCoreApplication terminal(argc, argv);
+        nameApplication();
+        if (const int status = readOptions(terminal, &options); status >= 0)
+            return status;
+    }
+    // What draws into a file needs no display; it runs on the offscreen platform unless told.
+    if ((!options.demo.isEmpty() || !options.screenshot.isEmpty())
+        && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    nameApplication();
+    installTranslators(options.language.isEmpty() ? QLocale::system() : QLocale(options.language));
 
     sim::InstrumentDescription description = sim::InstrumentDescription::builtIn();
-    if (parser.isSet(instrument)) {
+    if (!options.instrument.isEmpty()) {
         QString error;
-        const auto read = sim::InstrumentDescription::fromFile(parser.value(instrument), &error);
+        const auto read = sim::InstrumentDescription::fromFile(options.instrument, &error);
         if (!read)
             return fail(error);
         description = *read;
@@ -107,28 +172,22 @@ int main(int argc, char *argv[])
     const std::optional<CommandSet> commands
         = CommandSet::fromOverrides(description.commands, &error);
     if (!commands)
-        return fail(parser.value(instrument) + QStringLiteral(": ") + error);
+        return fail(options.instrument + QStringLiteral(": ") + error);
 
-    const QStringList wh = parser.value(size).split(QLatin1Char('x'));
-    const QSize windowSize
-        = wh.size() == 2 ? QSize(wh.at(0).toInt(), wh.at(1).toInt()) : QSize(1280, 800);
-
-    if (parser.isSet(demo))
-        return runDemo(description,
-                       *commands,
-                       parser.value(connectTo),
-                       parser.value(demo),
-                       windowSize,
-                       sequenceFile);
+    if (!options.demo.isEmpty())
+        return runDemo(
+            description, *commands, options.connect, options.demo, options.size, options.file);
 
     MainWindow window(description, *commands);
-    if (parser.isSet(screenshot))
-        return renderScreenshot(window, parser.value(screenshot), parser.value(tab), windowSize);
+    if (const QString refusal = window.sizeRefusal(options.size); !refusal.isEmpty())
+        return fail(refusal);
+    if (!options.screenshot.isEmpty())
+        return renderScreenshot(window, options.screenshot, options.tab, options.size);
 
-    window.resize(windowSize);
+    window.resize(options.size);
     window.show();
-    if (!sequenceFile.isEmpty())
-        window.openSequenceFile(sequenceFile);
-    window.connectTo(parser.value(connectTo));
+    if (!options.file.isEmpty())
+        window.openSequenceFile(options.file);
+    window.connectTo(options.connect);
     return QApplication::exec();
 }

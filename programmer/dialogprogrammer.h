@@ -74,6 +74,8 @@ public:
     void selectStep(UploadMode mode, int row);
     void appendTemplate(UploadMode mode);
     QString statusMessage() const;
+    // Whether the status line shows an error (in red) rather than information.
+    bool statusIsError() const;
     enum class Control {
         Tabs,
         Channel,
@@ -91,6 +93,9 @@ public:
         Save,
         Load,
         Upload,
+        // The splitters between each plot and its table.
+        SequenceSplitter,
+        TemplateSplitter,
     };
     // Null for a control the tab of `mode` does not have (the Delayer has no reset buttons).
     // TemplateObject is the List's Object choice and the Delayer's Pattern.

@@ -80,6 +80,11 @@ QString DialogProgrammer::statusMessage() const
     return statusBar ? statusBar->currentMessage() : QString();
 }
 
+bool DialogProgrammer::statusIsError() const
+{
+    return statusBar && !statusBar->styleSheet().isEmpty();
+}
+
 QTableView *DialogProgrammer::sequenceView(UploadMode mode) const
 {
     return mode == List ? ui->tvList : ui->tvDelayer;
@@ -122,6 +127,10 @@ QWidget *DialogProgrammer::control(UploadMode mode, Control control) const
         return list ? ui->btnListLoad : ui->btnDelayerLoad;
     case Control::Upload:
         return list ? ui->btnListUpload : ui->btnDelayerUpload;
+    case Control::SequenceSplitter:
+        return list ? ui->splitter_3 : ui->splitter_4;
+    case Control::TemplateSplitter:
+        return list ? ui->splitter : ui->splitter_2;
     }
     return nullptr;
 }

@@ -140,9 +140,9 @@ void TestBenchHost::badStepIsNamedAndSelected_data()
     QTest::addColumn<int>("row");
 
     QTest::newRow("refused") << QStringLiteral("--refuse-step=7")
-                             << QStringLiteral("Step 7 was refused by the instrument: -222, Data "
-                                               "out of range;step 7 refused by fault injection "
-                                               "(it holds 6 of 30 steps)")
+                             << QStringLiteral("Step No. 6 was refused (the instrument holds 6 of "
+                                               "30 steps); the instrument says: “-222, Data out "
+                                               "of range;step 7 refused by fault injection”")
                              << 6;
 }
 

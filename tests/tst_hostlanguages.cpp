@@ -152,17 +152,17 @@ void TestHostLanguages::languageChangesTheShownTexts_data()
                              << "Sine"
                              << "Output Off"
                              << "Last"
-                             << "Bench Sequence Programmer";
+                             << "Untitled List[*] — Bench Sequence Programmer";
     QTest::newRow("German") << "de"
                             << "Sinus"
                             << "Ausgang aus"
                             << "Letzter Zustand"
-                            << "Sequenzprogrammierer für Labornetzteile";
+                            << "Unbenannte Liste[*] — Sequenzprogrammierer für Labornetzteile";
     QTest::newRow("Simplified Chinese") << "zh_CN"
                                         << "正弦"
                                         << "输出关闭"
                                         << "保持最后状态"
-                                        << "台式电源序列编程器";
+                                        << "未命名列表[*] — 台式电源序列编程器";
 }
 
 void TestHostLanguages::languageChangesTheShownTexts()

@@ -309,17 +309,18 @@ void TestHostSession::readBackNamesTheStepStoredOtherwise_data()
     // Stored without an error, so only the read-back can tell.
     QTest::newRow("first List step, by its current")
         << QStringLiteral("--alter-step=1") << int(List)
-        << QStringLiteral("Step 1 differs: sent 1.500 V, 3.000 A, 0.020 s, the instrument holds "
-                          "1.500 V, 3.001 A, 0.020 s")
+        << QStringLiteral(
+               "Step No. 0 differs: sent 1.500 V, 3.000 A, 0.020 s, the instrument holds "
+               "1.500 V, 3.001 A, 0.020 s")
         << 0;
     QTest::newRow("last List step") << QStringLiteral("--alter-step=5") << int(List)
-                                    << QStringLiteral("Step 5 differs: sent 5.500 V, 3.000 A, "
+                                    << QStringLiteral("Step No. 4 differs: sent 5.500 V, 3.000 A, "
                                                       "0.020 s, the instrument holds 5.500 V, "
                                                       "3.001 A, 0.020 s")
                                     << 4;
     QTest::newRow("Delayer step, by its state")
         << QStringLiteral("--alter-step=2") << int(Delayer)
-        << QStringLiteral("Step 2 differs: sent Off for 0.020 s, the instrument holds On for "
+        << QStringLiteral("Step No. 1 differs: sent Off for 0.020 s, the instrument holds On for "
                           "0.020 s")
         << 1;
 }

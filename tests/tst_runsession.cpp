@@ -140,8 +140,8 @@ void TestRunSession::listTraceReachesEveryStepInItsTime()
     QCOMPARE(samples.constLast().step, 0);
     QCOMPARE(samples.constLast().output, true); // end state Last: on at the last step's level
     QCOMPARE(samples.constLast().voltage, 10.0);
-    const QRegularExpression stepFive(
-        QStringLiteral("^Step 5 of 10 \u00b7 cycle 1 of 1 \u00b7 4\\.\\d{3} s of 10\\.000 s$"));
+    const QRegularExpression stepFive(QStringLiteral(
+        "^Step No. 4 of 10 steps \u00b7 cycle 1 of 1 \u00b7 4\\.\\d{3} s of 10\\.000 s$"));
     QVERIFY2(!shown.filter(stepFive).isEmpty(), qPrintable(shown.join(QLatin1Char('\n'))));
     QCOMPARE(view.statusText(),
              QStringLiteral("Not running \u00b7 10 steps, 10.000 s per cycle, 10.000 s in all"));
@@ -266,10 +266,10 @@ void TestRunSession::exportedTraceLines()
     trace.append({1.25, 0.0, 0.0, false, 2, 1});
     trace.append({2.5, 12.0, 1.2, true, 0, 0});
     QCOMPARE(trace.csvLines(3, 2, 4),
-             (QStringList{"time,voltage,current,output,step,cycle",
-                          "0.000,1.50,0.1500,1,1,1",
-                          "1.250,0.00,0.0000,0,2,1",
-                          "2.500,12.00,1.2000,1,0,0"}));
+             (QStringList{"time,voltage,current,output,step_no,cycle",
+                          "0.000,1.50,0.1500,1,0,1",
+                          "1.250,0.00,0.0000,0,1,1",
+                          "2.500,12.00,1.2000,1,,0"}));
 
     QTemporaryDir dir;
     Rig rig(simulated(1000.0));

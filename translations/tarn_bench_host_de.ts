@@ -434,28 +434,64 @@
         <translation>%1 von %2 Schritten bestätigt</translation>
     </message>
     <message>
-        <source>Disconnected</source>
-        <translation>Getrennt</translation>
-    </message>
-    <message>
-        <source>Connecting...</source>
-        <translation>Verbinde...</translation>
-    </message>
-    <message>
-        <source>Connected</source>
-        <translation>Verbunden</translation>
-    </message>
-    <message>
         <source>About the Bench Sequence Programmer</source>
         <translation>Über den Sequenzprogrammierer für Labornetzteile</translation>
     </message>
     <message>
-        <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Instrument: %1&lt;/p&gt;</source>
-        <translation>&lt;p&gt;&lt;b&gt;Sequenzprogrammierer für Labornetzteile&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programmiert die List- und Delayer-Sequenzen mehrkanaliger Labornetzteile, überträgt sie mit Prüfung durch Rücklesen und bewahrt sie in CSV-Dateien auf.&lt;/p&gt;&lt;p&gt;Gerät: %1&lt;/p&gt;</translation>
-    </message>
-    <message>
         <source>not connected</source>
         <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Untitled List</source>
+        <translation>Unbenannte Liste</translation>
+    </message>
+    <message>
+        <source>Untitled Delayer</source>
+        <translation>Unbenannter Delayer</translation>
+    </message>
+    <message>
+        <source>%1[*] — Bench Sequence Programmer</source>
+        <translation>%1[*] — Sequenzprogrammierer für Labornetzteile</translation>
+    </message>
+    <message>
+        <source>Show the Run View After Each &amp;Verified Upload</source>
+        <translation>Ausführung nach jeder &amp;geprüften Übertragung zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument</source>
+        <translation>&amp;Gerät</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>&amp;Verbinden</translation>
+    </message>
+    <message>
+        <source>Connect to the instrument at the address in the bar</source>
+        <translation>Mit dem Gerät unter der Adresse in der Leiste verbinden</translation>
+    </message>
+    <message>
+        <source>&amp;Disconnect</source>
+        <translation>&amp;Trennen</translation>
+    </message>
+    <message>
+        <source>&amp;Upload the Tab&apos;s Sequence</source>
+        <translation>Sequenz des Reiters &amp;übertragen</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>&amp;Ausführen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>&amp;Anhalten</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>Verbunden mit %1</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Built with Qt %2 (running on Qt %3) and QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Instrument: %5&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Sequenzprogrammierer für Labornetzteile %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programmiert die Listen- und Delayer-Sequenzen mehrkanaliger Labornetzteile, überträgt sie mit Prüfung durch Rücklesen und speichert sie in CSV-Dateien.&lt;/p&gt;&lt;p&gt;Erstellt mit Qt %2 (läuft mit Qt %3) und QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Gerät: %5&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -540,10 +576,6 @@
         <translation>Diagramm exportieren...</translation>
     </message>
     <message>
-        <source>The sequences uploaded and verified in this session</source>
-        <translation>Die in dieser Sitzung übertragenen und geprüften Sequenzen</translation>
-    </message>
-    <message>
         <source>Switch the output on and play the sequence on the instrument</source>
         <translation>Den Ausgang einschalten und die Sequenz auf dem Gerät abspielen</translation>
     </message>
@@ -552,20 +584,8 @@
         <translation>Die Sequenz anhalten; der Ausgang geht in ihren Endzustand</translation>
     </message>
     <message>
-        <source>Save the measured trace as CSV</source>
-        <translation>Die gemessene Aufzeichnung als CSV speichern</translation>
-    </message>
-    <message>
-        <source>Save the plot as PNG</source>
-        <translation>Das Diagramm als PNG speichern</translation>
-    </message>
-    <message>
         <source>Time (s)</source>
         <translation>Zeit (s)</translation>
-    </message>
-    <message>
-        <source>Upload a sequence and let it be verified; it can then be run here. What the instrument held before was not verified by this program and is not offered.</source>
-        <translation>Eine Sequenz übertragen und prüfen lassen; danach lässt sie sich hier ausführen. Was das Gerät vorher enthielt, hat dieses Programm nicht geprüft und bietet es nicht an.</translation>
     </message>
     <message>
         <source>Starting...</source>
@@ -604,20 +624,12 @@
         <translation>Ausgangszustand</translation>
     </message>
     <message>
-        <source>Output (1 = On)</source>
-        <translation>Ausgang (1 = ein)</translation>
-    </message>
-    <message>
         <source>%1 s</source>
         <translation>%1 s</translation>
     </message>
     <message>
         <source>Not running · %1 steps, %2 per cycle, %3 in all</source>
         <translation>Läuft nicht · %1 Schritte, %2 je Zyklus, %3 insgesamt</translation>
-    </message>
-    <message>
-        <source>Step %1 of %2 · cycle %3 of %4 · %5 s of %6</source>
-        <translation>Schritt %1 von %2 · Zyklus %3 von %4 · %5 s von %6</translation>
     </message>
     <message>
         <source>Cannot write %1: %2</source>
@@ -642,6 +654,50 @@
     <message>
         <source>Cannot write %1</source>
         <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>The sequences the instrument holds as this program uploaded and verified them since it connected</source>
+        <translation>Die Sequenzen, die das Gerät hält, wie dieses Programm sie seit dem Verbinden übertragen und geprüft hat</translation>
+    </message>
+    <message>
+        <source>Save the measured samples of the run shown as CSV</source>
+        <translation>Die Messwerte der gezeigten Ausführung als CSV speichern</translation>
+    </message>
+    <message>
+        <source>Save the plot as a PNG image, titled with the instrument, channel, sequence and date</source>
+        <translation>Das Diagramm als PNG-Bild speichern, betitelt mit Gerät, Kanal, Sequenz und Datum</translation>
+    </message>
+    <message>
+        <source>Upload a sequence and let it be verified; it can then be run here.</source>
+        <translation>Eine Sequenz übertragen und prüfen lassen; dann lässt sie sich hier ausführen.</translation>
+    </message>
+    <message>
+        <source>The instrument holds nothing this program verified since it connected; the last run stays here to export.</source>
+        <translation>Das Gerät hält nichts, was dieses Programm seit dem Verbinden geprüft hat; die letzte Ausführung bleibt hier zum Exportieren.</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgang</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Step No. %1 of %2 steps · cycle %3 of %4 · %5 s of %6</source>
+        <translation>Schritt Nr. %1 von %2 Schritten · Zyklus %3 von %4 · %5 s von %6</translation>
+    </message>
+    <message>
+        <source>Saved %1 samples to %2</source>
+        <translation>%1 Messwerte in %2 gespeichert</translation>
+    </message>
+    <message>
+        <source>Saved the plot to %1</source>
+        <translation>Diagramm in %1 gespeichert</translation>
     </message>
 </context>
 <context>
@@ -1037,16 +1093,8 @@ Nur die ersten %2 Schritte übertragen?</translation>
         <translation>Das Gerät hat einen Schritt abgelehnt: %1</translation>
     </message>
     <message>
-        <source>Step %1 was refused by the instrument: %2 (it holds %3 of %4 steps)</source>
-        <translation>Schritt %1 wurde vom Gerät abgelehnt: %2 (es hält %3 von %4 Schritten)</translation>
-    </message>
-    <message>
         <source>The instrument&apos;s read-back could not be read</source>
         <translation>Das Rücklesen aus dem Gerät war nicht lesbar</translation>
-    </message>
-    <message>
-        <source>Step %1 differs: sent %2, the instrument holds %3</source>
-        <translation>Schritt %1 weicht ab: gesendet %2, das Gerät hält %3</translation>
     </message>
     <message>
         <source>The instrument holds %1 steps, %2 were sent</source>
@@ -1075,6 +1123,14 @@ Nur die ersten %2 Schritte übertragen?</translation>
     <message>
         <source>The instrument did not answer %1 within %2 ms: %3 of %4 steps were confirmed</source>
         <translation>Das Gerät hat %1 nicht innerhalb von %2 ms beantwortet: %3 von %4 Schritten wurden bestätigt</translation>
+    </message>
+    <message>
+        <source>Step No. %1 was refused (the instrument holds %2 of %3 steps); the instrument says: “%4”</source>
+        <translation>Schritt Nr. %1 wurde abgelehnt (das Gerät hält %2 von %3 Schritten); das Gerät meldet: „%4“</translation>
+    </message>
+    <message>
+        <source>Step No. %1 differs: sent %2, the instrument holds %3</source>
+        <translation>Schritt Nr. %1 weicht ab: gesendet %2, das Gerät hält %3</translation>
     </message>
 </context>
 </TS>

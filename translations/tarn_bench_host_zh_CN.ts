@@ -430,28 +430,64 @@
         <translation>已确认 %1/%2 步</translation>
     </message>
     <message>
-        <source>Disconnected</source>
-        <translation>已断开</translation>
-    </message>
-    <message>
-        <source>Connecting...</source>
-        <translation>正在连接...</translation>
-    </message>
-    <message>
-        <source>Connected</source>
-        <translation>已连接</translation>
-    </message>
-    <message>
         <source>About the Bench Sequence Programmer</source>
         <translation>关于台式电源序列编程器</translation>
     </message>
     <message>
-        <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Instrument: %1&lt;/p&gt;</source>
-        <translation>&lt;p&gt;&lt;b&gt;台式电源序列编程器&lt;/b&gt;&lt;/p&gt;&lt;p&gt;为多通道台式电源编写列表和延时器序列，上传后回读校验，并保存为 CSV 文件。&lt;/p&gt;&lt;p&gt;仪器：%1&lt;/p&gt;</translation>
-    </message>
-    <message>
         <source>not connected</source>
         <translation>未连接</translation>
+    </message>
+    <message>
+        <source>Untitled List</source>
+        <translation>未命名列表</translation>
+    </message>
+    <message>
+        <source>Untitled Delayer</source>
+        <translation>未命名延时器</translation>
+    </message>
+    <message>
+        <source>%1[*] — Bench Sequence Programmer</source>
+        <translation>%1[*] — 台式电源序列编程器</translation>
+    </message>
+    <message>
+        <source>Show the Run View After Each &amp;Verified Upload</source>
+        <translation>每次校验上传后显示运行视图(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Instrument</source>
+        <translation>仪器(&amp;I)</translation>
+    </message>
+    <message>
+        <source>&amp;Connect</source>
+        <translation>连接(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Connect to the instrument at the address in the bar</source>
+        <translation>连接到地址栏中的仪器</translation>
+    </message>
+    <message>
+        <source>&amp;Disconnect</source>
+        <translation>断开(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Upload the Tab&apos;s Sequence</source>
+        <translation>上传当前标签页的序列(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>运行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Connected to %1</source>
+        <translation>已连接到 %1</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Built with Qt %2 (running on Qt %3) and QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Instrument: %5&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;台式电源序列编程器 %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;为多通道台式电源编写列表和延时器序列，上传并回读校验，并保存为 CSV 文件。&lt;/p&gt;&lt;p&gt;基于 Qt %2 构建（运行于 Qt %3）和 QCustomPlot %4。&lt;/p&gt;&lt;p&gt;仪器：%5&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -536,10 +572,6 @@
         <translation>导出图表...</translation>
     </message>
     <message>
-        <source>The sequences uploaded and verified in this session</source>
-        <translation>本次会话中已上传并校验的序列</translation>
-    </message>
-    <message>
         <source>Switch the output on and play the sequence on the instrument</source>
         <translation>打开输出并在仪器上运行该序列</translation>
     </message>
@@ -548,20 +580,8 @@
         <translation>停止序列；输出进入其结束状态</translation>
     </message>
     <message>
-        <source>Save the measured trace as CSV</source>
-        <translation>将测量记录保存为 CSV</translation>
-    </message>
-    <message>
-        <source>Save the plot as PNG</source>
-        <translation>将图表保存为 PNG</translation>
-    </message>
-    <message>
         <source>Time (s)</source>
         <translation>时间 (s)</translation>
-    </message>
-    <message>
-        <source>Upload a sequence and let it be verified; it can then be run here. What the instrument held before was not verified by this program and is not offered.</source>
-        <translation>请上传一个序列并完成校验，之后即可在此运行。仪器中原有的内容未经本程序校验，因此不予提供。</translation>
     </message>
     <message>
         <source>Starting...</source>
@@ -600,20 +620,12 @@
         <translation>输出状态</translation>
     </message>
     <message>
-        <source>Output (1 = On)</source>
-        <translation>输出 (1 = 开)</translation>
-    </message>
-    <message>
         <source>%1 s</source>
         <translation>%1 秒</translation>
     </message>
     <message>
         <source>Not running · %1 steps, %2 per cycle, %3 in all</source>
         <translation>未运行 · %1 步，每循环 %2，共 %3</translation>
-    </message>
-    <message>
-        <source>Step %1 of %2 · cycle %3 of %4 · %5 s of %6</source>
-        <translation>第 %1/%2 步 · 第 %3/%4 个循环 · %5 秒/%6</translation>
     </message>
     <message>
         <source>Cannot write %1: %2</source>
@@ -638,6 +650,50 @@
     <message>
         <source>Cannot write %1</source>
         <translation>无法写入 %1</translation>
+    </message>
+    <message>
+        <source>The sequences the instrument holds as this program uploaded and verified them since it connected</source>
+        <translation>自连接以来本程序上传并校验、仪器当前保存的序列</translation>
+    </message>
+    <message>
+        <source>Save the measured samples of the run shown as CSV</source>
+        <translation>将所示运行的测量样本保存为 CSV</translation>
+    </message>
+    <message>
+        <source>Save the plot as a PNG image, titled with the instrument, channel, sequence and date</source>
+        <translation>将图表保存为 PNG 图像，标题包含仪器、通道、序列和日期</translation>
+    </message>
+    <message>
+        <source>Upload a sequence and let it be verified; it can then be run here.</source>
+        <translation>上传序列并完成校验后，即可在此运行。</translation>
+    </message>
+    <message>
+        <source>The instrument holds nothing this program verified since it connected; the last run stays here to export.</source>
+        <translation>自连接以来仪器中没有本程序校验过的序列；上次运行保留在此以供导出。</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>输出</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>关</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>开</translation>
+    </message>
+    <message>
+        <source>Step No. %1 of %2 steps · cycle %3 of %4 · %5 s of %6</source>
+        <translation>第 %1 号步骤（共 %2 步）· 第 %3 / %4 周期 · %5 s / %6</translation>
+    </message>
+    <message>
+        <source>Saved %1 samples to %2</source>
+        <translation>已将 %1 个样本保存到 %2</translation>
+    </message>
+    <message>
+        <source>Saved the plot to %1</source>
+        <translation>已将图表保存到 %1</translation>
     </message>
 </context>
 <context>
@@ -1027,16 +1083,8 @@ Upload only the first %2 steps?</source>
         <translation>仪器拒绝了一个步骤：%1</translation>
     </message>
     <message>
-        <source>Step %1 was refused by the instrument: %2 (it holds %3 of %4 steps)</source>
-        <translation>第 %1 步被仪器拒绝：%2（仪器中有 %3/%4 步）</translation>
-    </message>
-    <message>
         <source>The instrument&apos;s read-back could not be read</source>
         <translation>无法读取仪器的回读数据</translation>
-    </message>
-    <message>
-        <source>Step %1 differs: sent %2, the instrument holds %3</source>
-        <translation>第 %1 步不一致：发送的是 %2，仪器中为 %3</translation>
     </message>
     <message>
         <source>The instrument holds %1 steps, %2 were sent</source>
@@ -1065,6 +1113,14 @@ Upload only the first %2 steps?</source>
     <message>
         <source>The instrument did not answer %1 within %2 ms: %3 of %4 steps were confirmed</source>
         <translation>仪器未在 %2 毫秒内应答 %1：已确认 %3/%4 步</translation>
+    </message>
+    <message>
+        <source>Step No. %1 was refused (the instrument holds %2 of %3 steps); the instrument says: “%4”</source>
+        <translation>第 %1 号步骤被拒绝（仪器保存了 %3 步中的 %2 步）；仪器返回：“%4”</translation>
+    </message>
+    <message>
+        <source>Step No. %1 differs: sent %2, the instrument holds %3</source>
+        <translation>第 %1 号步骤不一致：发送 %2，仪器保存 %3</translation>
     </message>
 </context>
 </TS>

@@ -32,8 +32,32 @@ const char *RunSession::key(const char *list, const char *delayer) const
 
 void RunSession::remember(const UploadedSequence &sequence)
 {
-    m_uploaded.insert({sequence.channel, sequence.list}, sequence);
+    UploadedSequence &stored = m_uploaded[{sequence.channel, sequence.list}];
+    stored = sequence;
+    stored.serial = ++m_serial;
     m_last = {sequence.channel, sequence.list};
+    emit uploadedChanged();
+}
+
+void RunSession::forget(int channel, bool list)
+{
+    if (m_uploaded.remove({channel, list}) > 0)
+        emit uploadedChanged();
+}
+
+void RunSession::forgetAll()
+{
+    if (m_uploaded.isEmpty())
+        return;
+    m_uploaded.clear();
+    m_last = {0, true};
+    emit uploadedChanged();
+}
+
+const UploadedSequence *RunSession::find(int channel, bool list) const
+{
+    const auto found = m_uploaded.constFind({channel, list});
+    return found == m_uploaded.cend() ? nullptr : &*found;
 }
 
 void RunSession::setPollInterval(int msec)
@@ -45,8 +69,8 @@ void RunSession::start(int channel, bool list)
 {
     if (m_state != State::Idle)
         return;
-    const auto found = m_uploaded.constFind({channel, list});
-    if (found == m_uploaded.cend()) {
+    const UploadedSequence *found = find(channel, list);
+    if (!found) {
         emit ended(tr("Upload and verify a sequence on this channel first"), true);
         return;
     }

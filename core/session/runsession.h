@@ -35,7 +35,13 @@ public:
     ~RunSession() override;
 
     void remember(const UploadedSequence &sequence);
+    // What the instrument holds is no longer known: an upload to `channel` began, or the link
+    // went (a sequence verified on one connection proves nothing about the next).
+    void forget(int channel, bool list);
+    void forgetAll();
     QList<UploadedSequence> uploaded() const { return m_uploaded.values(); }
+    // The verified sequence of `channel` (from 1) and mode; nothing when there is none.
+    const UploadedSequence *find(int channel, bool list) const;
     // The channel and mode of the sequence verified last.
     QPair<int, bool> lastUploaded() const { return m_last; }
 
@@ -51,6 +57,7 @@ public:
     void replyTimedOut(const QByteArray &command);
 
 signals:
+    void uploadedChanged();
     void started();
     void sampled(const tarn::host::RunSample &sample);
     void ended(const QString &message, bool failed);
@@ -75,6 +82,7 @@ private:
     int m_generation = 0;
     RunSample m_next;
     qint64 m_lastCycle = 0;
+    quint64 m_serial = 0;
 };
 
 } // namespace tarn::host

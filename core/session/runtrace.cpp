@@ -30,14 +30,16 @@ QStringList RunTrace::csvLines(int timeDecimals, int voltageDecimals, int curren
 {
     QStringList lines;
     lines.reserve(m_samples.size() + 1);
-    lines << QStringLiteral("time,voltage,current,output,step,cycle");
+    // The step is named by its row number in the editor, from 0, and left empty once the sequence
+    // no longer plays.
+    lines << QStringLiteral("time,voltage,current,output,step_no,cycle");
     for (const RunSample &s : m_samples) {
         lines << QStringLiteral("%1,%2,%3,%4,%5,%6")
                      .arg(QString::number(s.time, 'f', timeDecimals),
                           QString::number(s.voltage, 'f', voltageDecimals),
                           QString::number(s.current, 'f', currentDecimals),
                           QLatin1String(s.output ? "1" : "0"),
-                          QString::number(s.step),
+                          s.step > 0 ? QString::number(s.step - 1) : QString(),
                           QString::number(s.cycle));
     }
     return lines;

@@ -30,7 +30,7 @@ public:
     const QVector<RunSample> &samples() const { return m_samples; }
     int bound() const { return m_bound; }
 
-    // time,voltage,current,output,step,cycle: one line per sample after the column titles, the
+    // time,voltage,current,output,step_no,cycle: one line per sample after the column titles, the
     // values with the instrument's decimals.
     QStringList csvLines(int timeDecimals, int voltageDecimals, int currentDecimals) const;
 

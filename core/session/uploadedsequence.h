@@ -17,6 +17,8 @@ struct UploadedSequence
     QString endState;
     QList<tarn2::specific::orvo5000::programmer::ListData> listSteps;
     QList<tarn2::specific::orvo5000::programmer::DelayerData> delayerSteps;
+    // Which verification this is, counted by the run session; a trace belongs to one of them.
+    quint64 serial = 0;
 
     int stepCount() const { return list ? listSteps.size() : delayerSteps.size(); }
     double stepTime(int index) const

@@ -193,11 +193,14 @@ void UploadSession::refused(const QString &error)
                 return;
             }
             end({false,
-                 tr("Step %1 was refused by the instrument: %2 (it holds %3 of %4 steps)")
-                     .arg(*held + 1)
-                     .arg(error)
+                 // The row's number, as the table shows it; the instrument's own words, which
+                 // count from 1, are quoted as its own.
+                 tr("Step No. %1 was refused (the instrument holds %2 of %3 steps); the "
+                    "instrument says: “%4”")
                      .arg(*held)
-                     .arg(m_total),
+                     .arg(*held)
+                     .arg(m_total)
+                     .arg(error),
                  *held,
                  *held},
                 UploadEnd::Refused);
@@ -267,8 +270,8 @@ template<class Step> void UploadSession::compare(const QList<Step> &held)
     for (int i = 0; i < qMin(count, m_sent); ++i) {
         if (!sameAsStored(i, held.at(i))) {
             end({false,
-                 UploadSession::tr("Step %1 differs: sent %2, the instrument holds %3")
-                     .arg(i + 1)
+                 UploadSession::tr("Step No. %1 differs: sent %2, the instrument holds %3")
+                     .arg(i)
                      .arg(stepText(i), describe(held.at(i))),
                  i,
                  count},

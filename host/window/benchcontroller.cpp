@@ -39,6 +39,10 @@ BenchController::BenchController(DialogProgrammer *dialog,
     connect(m_connection, &InstrumentConnection::traffic, this, &BenchController::traffic);
     connect(m_connection, &InstrumentConnection::linkLost, m_session, &UploadSession::linkLost);
     connect(m_connection, &InstrumentConnection::linkLost, m_run, &RunSession::linkLost);
+    connect(m_connection, &InstrumentConnection::stateChanged, m_run, [this](State state) {
+        if (state != State::Connected)
+            m_run->forgetAll();
+    });
     CommandChannel *channel = m_connection->channel();
     connect(channel, &CommandChannel::replyTimedOut, m_session, &UploadSession::replyTimedOut);
     connect(channel, &CommandChannel::replyTimedOut, m_run, &RunSession::replyTimedOut);
@@ -60,8 +64,11 @@ BenchController::BenchController(DialogProgrammer *dialog,
         m_nextWanted = false;
         m_uploadMode = static_cast<int>(param.mode);
         emit uploadRunning(true);
-        if (preflight(param))
+        if (preflight(param)) {
+            // From the first step on, the instrument no longer holds what was verified before.
+            m_run->forget(param.channel, param.mode == UploadMode::List);
             m_session->begin(param);
+        }
     });
     connect(dialog, &DialogProgrammer::uploaderNextData, m_session, &UploadSession::step);
     connect(dialog, &DialogProgrammer::uploaderFinished, m_session, &UploadSession::finish);

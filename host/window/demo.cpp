@@ -37,6 +37,10 @@ int runDemo(const sim::InstrumentDescription &description,
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsDir.path());
 
     MainWindow window(description, commands);
+    if (const QString refusal = window.sizeRefusal(size); !refusal.isEmpty()) {
+        std::fprintf(stderr, "tarn_bench_host: %s\n", qPrintable(refusal));
+        return 2;
+    }
     window.resize(size);
     window.show();
     BenchController *controller = window.controller();

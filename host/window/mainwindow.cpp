@@ -6,15 +6,21 @@
 #include "runview.h"
 #include "sequenceeditor.h"
 #include "sequencefiles.h"
+#include "sequencehistory.h"
+#include "tabmessages.h"
 #include "trafficpanel.h"
 #include "widgetprompter.h"
 
 #include <dialogprogrammer.h>
+#include <qcustomplot.h>
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileInfo>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,7 +30,10 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSplitter>
 #include <QStatusBar>
+#include <QTabWidget>
+#include <QTableView>
 #include <QToolBar>
 
 namespace tarn::host {
@@ -33,7 +42,16 @@ using namespace tarn2::specific::orvo5000::programmer;
 
 namespace {
 const QString recentKey = QStringLiteral("Connection/Recent");
+const QString stateKey = QStringLiteral("Window/State");
+const QString geometryKey = QStringLiteral("Window/Geometry");
+const QString followKey = QStringLiteral("Window/RunViewFollowsUpload");
 constexpr int recentCount = 10;
+// Rows of each sequence table in sight however short the window, with the run view open.
+constexpr int rowsInSight = 10;
+// The plots above the tables shrink to this before the dialog scrolls.
+constexpr int plotHeightInSight = 40;
+constexpr int stateWidth = 240;
+constexpr UploadMode modes[] = {UploadMode::List, UploadMode::Delayer};
 } // namespace
 
 MainWindow::MainWindow(const sim::InstrumentDescription &description,
@@ -55,36 +73,28 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     // The dialog lives inside the window, not beside it.
     m_dialog->setWindowFlags(Qt::Widget);
     m_dialog->installEventFilter(this);
+    fitSequenceTables();
     // The dialog's splitters would let its editors and tables be squeezed to slivers when the run
-    // view takes the lower half of a short screen; below the height it needs, it scrolls instead.
-    // Its width stays whole, as the window's minimum width keeps it.
+    // view takes much of a short screen; below the height it needs, it scrolls instead. Its width
+    // stays whole, as the window's minimum width keeps it.
     auto *scroll = new QScrollArea(this);
     scroll->setObjectName(QStringLiteral("dialogScrollArea"));
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_dialog->setMinimumHeight(m_dialog->sizeHint().height());
     scroll->setWidget(m_dialog);
     scroll->setMinimumWidth(m_dialog->minimumSizeHint().width()
                             + scroll->verticalScrollBar()->sizeHint().width());
     setCentralWidget(scroll);
     m_files = new SequenceFiles(m_dialog, description);
 
-    m_trafficDock->setObjectName(QStringLiteral("trafficDock"));
-    m_trafficDock->setWidget(m_traffic);
-    addDockWidget(Qt::BottomDockWidgetArea, m_trafficDock);
-    m_trafficDock->hide();
+    arrangeDocks();
     connect(m_controller, &BenchController::traffic, m_traffic, &TrafficPanel::append);
-
-    m_runDock->setObjectName(QStringLiteral("runDock"));
-    m_runDock->setWidget(m_runView);
-    addDockWidget(Qt::BottomDockWidgetArea, m_runDock);
-    m_runDock->hide();
-    // A verified upload is what the run view offers; it comes forward with the first one.
+    // A verified upload is what the run view offers; it comes forward with it, unless the user
+    // chose otherwise.
     connect(
         m_controller, &BenchController::uploadEnded, this, [this](const UploadOutcome &outcome) {
-            m_runView->refreshSequences();
-            if (outcome.verified)
+            if (outcome.verified && runViewFollowsUpload())
                 showRunView();
         });
 
@@ -95,9 +105,109 @@ MainWindow::MainWindow(const sim::InstrumentDescription &description,
     showState(BenchController::State::Disconnected, tr("Not connected"));
 
     m_editor = new SequenceEditor(this, m_dialog, m_files);
+    new TabMessages(m_dialog);
+    createInstrumentMenu();
+    for (UploadMode mode : modes)
+        connect(m_editor->history(mode), &SequenceHistory::changed, this, &MainWindow::updateTitle);
+    connect(m_files, &SequenceFiles::loaded, this, &MainWindow::updateTitle);
+    connect(m_files, &SequenceFiles::saved, this, &MainWindow::updateTitle);
+    connect(qobject_cast<QTabWidget *>(
+                m_dialog->control(UploadMode::List, DialogProgrammer::Control::Tabs)),
+            &QTabWidget::currentChanged,
+            this,
+            &MainWindow::updateTitle);
     m_ownPrompter = std::make_unique<WidgetPrompter>();
     setPrompter(m_ownPrompter.get());
     m_editor->restoreSession();
+    // Only now, with the hints' labels in place, is the height the dialog needs known.
+    m_dialog->setMinimumHeight(m_dialog->minimumSizeHint().height());
+    updateTitle();
+}
+
+// Rows a little tighter than the style's, so that ten of them and every button of the tab fit
+// beside the run view at 1280×800; the plots above the tables give way first.
+void MainWindow::fitSequenceTables()
+{
+    const int rowHeight = fontMetrics().height() + 2;
+    for (UploadMode mode : modes) {
+        for (auto control :
+             {DialogProgrammer::Control::Steps, DialogProgrammer::Control::TemplateSteps}) {
+            auto *view = qobject_cast<QTableView *>(m_dialog->control(mode, control));
+            view->verticalHeader()->setMinimumSectionSize(rowHeight);
+            view->verticalHeader()->setDefaultSectionSize(rowHeight);
+        }
+        QTableView *steps = m_dialog->sequenceView(mode);
+        steps->setMinimumHeight(steps->horizontalHeader()->sizeHint().height()
+                                + rowsInSight * rowHeight + 2 * steps->frameWidth());
+        for (auto control : {DialogProgrammer::Control::SequenceSplitter,
+                             DialogProgrammer::Control::TemplateSplitter}) {
+            auto *splitter = qobject_cast<QSplitter *>(m_dialog->control(mode, control));
+            const bool sequence = control == DialogProgrammer::Control::SequenceSplitter;
+            // The sequence's own plot is what the run view shows larger; it gives way entirely.
+            // (A minimum of 0 would mean "none", and the plot's own hint would hold.)
+            splitter->widget(0)->setMinimumHeight(sequence ? 1 : plotHeightInSight);
+            splitter->setStretchFactor(0, 1);
+            splitter->setStretchFactor(1, 2);
+            splitter->setCollapsible(1, false);
+        }
+    }
+}
+
+// The run view and the traffic panel share the space below the dialog as tabs of one dock area;
+// where the user moves, sizes or closes them is remembered between sessions.
+void MainWindow::arrangeDocks()
+{
+    m_trafficDock->setObjectName(QStringLiteral("trafficDock"));
+    m_trafficDock->setWidget(m_traffic);
+    m_runDock->setObjectName(QStringLiteral("runDock"));
+    m_runDock->setWidget(m_runView);
+    addDockWidget(Qt::BottomDockWidgetArea, m_runDock);
+    tabifyDockWidget(m_runDock, m_trafficDock);
+    m_runDock->hide();
+    m_trafficDock->hide();
+    const QSettings settings;
+    restoreGeometry(settings.value(geometryKey).toByteArray());
+    restoreState(settings.value(stateKey).toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    QMainWindow::closeEvent(event);
+    if (!event->isAccepted())
+        return;
+    QSettings settings;
+    settings.setValue(geometryKey, saveGeometry());
+    settings.setValue(stateKey, saveState());
+}
+
+QString MainWindow::sizeRefusal(QSize size) const
+{
+    const QSize smallest = minimumSizeHint().expandedTo(minimumSize());
+    if (size.width() >= smallest.width() && size.height() >= smallest.height())
+        return {};
+    return QStringLiteral("--size %1x%2: the window needs at least %3x%4")
+        .arg(size.width())
+        .arg(size.height())
+        .arg(smallest.width())
+        .arg(smallest.height());
+}
+
+bool MainWindow::runViewFollowsUpload() const
+{
+    return m_followUpload->isChecked();
+}
+
+void MainWindow::updateTitle()
+{
+    if (!m_editor)
+        return;
+    const UploadMode mode = m_dialog->currentMode();
+    const QString path = m_files->filePath(mode);
+    const QString name
+        = path.isEmpty() ? (mode == UploadMode::List ? tr("Untitled List") : tr("Untitled Delayer"))
+                         : QFileInfo(path).fileName();
+    setWindowTitle(tr("%1[*] — Bench Sequence Programmer").arg(name));
+    setWindowModified(m_editor->history(mode)->isModified());
 }
 
 MainWindow::~MainWindow() = default;
@@ -116,14 +226,16 @@ bool MainWindow::openSequenceFile(const QString &path)
 
 void MainWindow::createConnectionBar()
 {
-    auto *bar = addToolBar(tr("Connection"));
+    // In the menu bar's row: a line of its own would cost the tables two rows.
+    auto *bar = new QToolBar(tr("Connection"), this);
     bar->setObjectName(QStringLiteral("connectionBar"));
     bar->setMovable(false);
+    menuBar()->setCornerWidget(bar, Qt::TopRightCorner);
     bar->addWidget(new QLabel(tr("Instrument:"), bar));
     m_address = new QComboBox(bar);
     m_address->setObjectName(QStringLiteral("address"));
     m_address->setEditable(true);
-    m_address->setMinimumContentsLength(28);
+    m_address->setMinimumContentsLength(18);
     m_address->setToolTip(tr("tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for "
                              "a serial one, sim: for the simulated supply"));
     m_address->addItems(QSettings().value(recentKey).toStringList());
@@ -140,11 +252,6 @@ void MainWindow::createConnectionBar()
     m_state = new QLabel(bar);
     m_state->setObjectName(QStringLiteral("connectionState"));
     bar->addWidget(m_state);
-    bar->addSeparator();
-    m_identity = new QLabel(bar);
-    m_identity->setObjectName(QStringLiteral("identity"));
-    m_identity->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    bar->addWidget(m_identity);
 
     connect(
         m_connect, &QPushButton::clicked, this, [this] { connectTo(m_address->currentText()); });
@@ -175,9 +282,60 @@ void MainWindow::createMenus()
     QAction *run = m_runDock->toggleViewAction();
     run->setText(tr("&Run View"));
     view->addAction(run);
+    view->addSeparator();
+    m_followUpload = view->addAction(tr("Show the Run View After Each &Verified Upload"));
+    m_followUpload->setCheckable(true);
+    m_followUpload->setChecked(QSettings().value(followKey, true).toBool());
+    connect(m_followUpload, &QAction::toggled, this, [](bool on) {
+        QSettings().setValue(followKey, on);
+    });
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, &MainWindow::showAbout);
+}
+
+// The instrument's commands have keys that the dialog and the Edit menu leave free; Stop is one
+// key, F6 or Escape, for the moment an output must go off now.
+void MainWindow::createInstrumentMenu()
+{
+    QMenu *menu = new QMenu(tr("&Instrument"), this);
+    menuBar()->insertMenu(menuBar()->actions().constLast(), menu);
+    m_connectAction
+        = menu->addAction(tr("&Connect"), this, [this] { connectTo(m_address->currentText()); });
+    m_connectAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    m_connectAction->setToolTip(tr("Connect to the instrument at the address in the bar"));
+    m_disconnectAction = menu->addAction(
+        tr("&Disconnect"), m_controller, &BenchController::disconnectFromInstrument);
+    m_disconnectAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K));
+    menu->addSeparator();
+    m_uploadAction = menu->addAction(tr("&Upload the Tab's Sequence"), this, [this] {
+        m_dialog->uploaderStart(m_dialog->currentMode());
+    });
+    m_uploadAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    m_runAction = menu->addAction(tr("&Run"), this, [this] {
+        showRunView();
+        m_runView->runSelected();
+    });
+    m_runAction->setShortcut(QKeySequence(Qt::Key_F5));
+    m_stopAction = menu->addAction(tr("&Stop"), m_runView, &RunView::stop);
+    m_stopAction->setShortcuts({QKeySequence(Qt::Key_F6), QKeySequence(Qt::Key_Escape)});
+    connect(m_runView, &RunView::runnableChanged, this, &MainWindow::updateInstrumentActions);
+    connect(
+        m_controller, &BenchController::uploadRunning, this, &MainWindow::updateInstrumentActions);
+    updateInstrumentActions();
+}
+
+void MainWindow::updateInstrumentActions()
+{
+    if (!m_uploadAction)
+        return;
+    const BenchController::State state = m_controller->state();
+    m_connectAction->setEnabled(state == BenchController::State::Disconnected);
+    m_disconnectAction->setEnabled(state != BenchController::State::Disconnected);
+    m_uploadAction->setEnabled(state == BenchController::State::Connected
+                               && !m_controller->isUploading());
+    m_runAction->setEnabled(m_runView->canRun());
+    m_stopAction->setEnabled(m_controller->runSession()->isRunning());
 }
 
 void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
@@ -214,14 +372,19 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
                                               .arg((msecLeft + 999) / 1000)
                                         : tr("%1 of %2 steps confirmed").arg(confirmed).arg(total));
             });
-    connect(m_controller,
-            &BenchController::uploadEnded,
-            this,
-            [this](const UploadOutcome &outcome) { statusBar()->showMessage(outcome.message); });
 }
 
 void MainWindow::showRunView()
 {
+    if (m_runDock->isHidden()) {
+        // It opens as tall as the dialog leaves room for, never below its own minimum.
+        const int room = height() - menuBar()->height() - statusBar()->height()
+                         - m_dialog->minimumSizeHint().height() - 8;
+        m_runDock->show();
+        resizeDocks({m_runDock},
+                    {qMax(m_runView->minimumHeight(), qMin(room, height() / 2))},
+                    Qt::Vertical);
+    }
     m_runDock->show();
     m_runDock->raise();
 }
@@ -231,25 +394,20 @@ void MainWindow::connectTo(const QString &address)
     m_controller->connectTo(address);
 }
 
+// The connection bar is the one place that tells the connection: to whom, or why not.
 void MainWindow::showState(BenchController::State state, const QString &message)
 {
     const bool connected = state == BenchController::State::Connected;
-    switch (state) {
-    case BenchController::State::Disconnected:
-        m_state->setText(tr("Disconnected"));
-        break;
-    case BenchController::State::Connecting:
-        m_state->setText(tr("Connecting..."));
-        break;
-    case BenchController::State::Connected:
-        m_state->setText(tr("Connected"));
+    if (state == BenchController::State::Connected)
         rememberAddress(m_controller->address());
-        break;
-    }
-    m_identity->setText(connected ? m_controller->identity() : QString());
+    const QString text = connected ? tr("Connected to %1").arg(m_controller->identity()) : message;
+    // The bar shares its row with the menus; the whole text is in the tool tip.
+    m_state->setText(m_state->fontMetrics().elidedText(text, Qt::ElideRight, stateWidth));
+    m_state->setToolTip(text);
     m_connect->setEnabled(state == BenchController::State::Disconnected);
     m_disconnect->setEnabled(state != BenchController::State::Disconnected);
-    statusBar()->showMessage(message);
+    m_runView->setInstrument(connected ? m_controller->identity() : QString());
+    updateInstrumentActions();
 }
 
 void MainWindow::rememberAddress(const QString &address)
@@ -271,14 +429,19 @@ void MainWindow::rememberAddress(const QString &address)
 
 void MainWindow::showAbout()
 {
-    QMessageBox::about(this,
-                       tr("About the Bench Sequence Programmer"),
-                       tr("<p><b>Bench Sequence Programmer</b></p>"
-                          "<p>Programs the List and Delayer sequences of multi-channel bench "
-                          "supplies, uploads them with read-back verification and keeps them in "
-                          "CSV files.</p><p>Instrument: %1</p>")
-                           .arg(m_controller->identity().isEmpty() ? tr("not connected")
-                                                                   : m_controller->identity()));
+    QMessageBox::about(
+        this,
+        tr("About the Bench Sequence Programmer"),
+        tr("<p><b>Bench Sequence Programmer %1</b></p>"
+           "<p>Programs the List and Delayer sequences of multi-channel bench supplies, uploads "
+           "them with read-back verification and keeps them in CSV files.</p>"
+           "<p>Built with Qt %2 (running on Qt %3) and QCustomPlot %4.</p><p>Instrument: %5</p>")
+            .arg(QCoreApplication::applicationVersion(),
+                 QStringLiteral(QT_VERSION_STR),
+                 QString::fromLatin1(qVersion()),
+                 QStringLiteral(QCUSTOMPLOT_VERSION_STR),
+                 m_controller->identity().isEmpty() ? tr("not connected")
+                                                    : m_controller->identity()));
 }
 
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QAction;
+class QCloseEvent;
 class QComboBox;
 class QDockWidget;
 class QLabel;
@@ -41,8 +43,16 @@ public:
     TrafficPanel *trafficPanel() const { return m_traffic; }
     RunView *runView() const { return m_runView; }
     void showRunView();
+    // Whether a verified upload brings the run view forward; a setting the user can turn off.
+    bool runViewFollowsUpload() const;
+    // Upload, Run and Stop as the Instrument menu offers them.
+    QAction *uploadAction() const { return m_uploadAction; }
+    QAction *runAction() const { return m_runAction; }
+    QAction *stopAction() const { return m_stopAction; }
 
     void connectTo(const QString &address);
+    // Why the window cannot be drawn at `size` (smaller than it can be laid out); empty if it can.
+    QString sizeRefusal(QSize size) const;
 
     SequenceFiles *sequenceFiles() const { return m_files; }
     SequenceEditor *sequenceEditor() const { return m_editor; }
@@ -53,10 +63,16 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void createConnectionBar();
     void createMenus();
+    void createInstrumentMenu();
+    void arrangeDocks();
+    void fitSequenceTables();
+    void updateTitle();
+    void updateInstrumentActions();
     void createStatusBar(const sim::InstrumentDescription &description);
     void showState(BenchController::State state, const QString &message);
     void rememberAddress(const QString &address);
@@ -72,9 +88,14 @@ private:
     QPushButton *m_connect;
     QPushButton *m_disconnect;
     QLabel *m_state;
-    QLabel *m_identity;
     QLabel *m_progress;
     QPushButton *m_cancel;
+    QAction *m_connectAction = nullptr;
+    QAction *m_disconnectAction = nullptr;
+    QAction *m_uploadAction = nullptr;
+    QAction *m_runAction = nullptr;
+    QAction *m_stopAction = nullptr;
+    QAction *m_followUpload = nullptr;
     std::unique_ptr<Prompter> m_ownPrompter;
     SequenceFiles *m_files = nullptr;
     SequenceEditor *m_editor = nullptr;

@@ -6,11 +6,14 @@
 #include <qcustomplot.h>
 
 #include <QComboBox>
+#include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QSettings>
 #include <QVBoxLayout>
 
 namespace tarn::host {
@@ -18,8 +21,16 @@ namespace tarn::host {
 namespace {
 // The plan is drawn for as many recent cycles as fit in this many points.
 constexpr int planPoints = 20000;
+// An exported plot is never smaller than this, however small the view is on screen.
+constexpr QSize smallestExport(1000, 600);
 const QColor voltageColor(QStringLiteral("#0000ff"));
 const QColor currentColor(QStringLiteral("#ff0000"));
+const QString exportDirKey = QStringLiteral("Run/ExportDirectory");
+
+QPair<int, bool> keyOf(const UploadedSequence &sequence)
+{
+    return {sequence.channel, sequence.list};
+}
 } // namespace
 
 RunView::RunView(RunSession *session,
@@ -42,35 +53,60 @@ RunView::RunView(RunSession *session,
     , m_plot(new QCustomPlot(this))
 {
     m_sequences->setObjectName(QStringLiteral("runSequence"));
-    m_sequences->setToolTip(tr("The sequences uploaded and verified in this session"));
+    m_sequences->setToolTip(tr("The sequences the instrument holds as this program uploaded and "
+                               "verified them since it connected"));
     m_run->setObjectName(QStringLiteral("runButton"));
     m_run->setToolTip(tr("Switch the output on and play the sequence on the instrument"));
     m_stop->setObjectName(QStringLiteral("stopButton"));
     m_stop->setToolTip(tr("Stop the sequence; the output goes to its end state"));
-    m_csv->setToolTip(tr("Save the measured trace as CSV"));
-    m_png->setToolTip(tr("Save the plot as PNG"));
+    m_csv->setObjectName(QStringLiteral("exportTrace"));
+    m_csv->setToolTip(tr("Save the measured samples of the run shown as CSV"));
+    m_png->setObjectName(QStringLiteral("exportPlot"));
+    m_png->setToolTip(tr("Save the plot as a PNG image, titled with the instrument, channel, "
+                         "sequence and date"));
     m_progress->setObjectName(QStringLiteral("runProgress"));
     m_note->setObjectName(QStringLiteral("runNote"));
-    m_note->setWordWrap(true);
+    m_note->setMinimumWidth(0);
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_note->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
+    // One line of controls and what they did, so that the plot keeps the height of a short
+    // screen.
     auto *controls = new QHBoxLayout;
-    controls->addWidget(m_sequences, 1);
+    controls->addWidget(m_sequences, 2);
     controls->addWidget(m_run);
     controls->addWidget(m_stop);
+    controls->addWidget(m_progress);
+    controls->addWidget(m_note, 3);
     controls->addWidget(m_csv);
     controls->addWidget(m_png);
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 2, 4, 2);
+    layout->setSpacing(2);
     layout->addLayout(controls);
-    layout->addWidget(m_note);
-    layout->addWidget(m_progress);
     layout->addWidget(m_plot, 1);
-    m_plot->setMinimumHeight(220);
+    m_plot->setMinimumHeight(110);
     m_plot->xAxis->setLabel(tr("Time (s)"));
+    m_plot->yAxis->ticker()->setTickCount(4);
+    m_plot->yAxis2->ticker()->setTickCount(4);
+    // The legend gets a row of its own above the curves, so it never covers one.
+    m_plot->plotLayout()->insertRow(0);
+    m_plot->axisRect()->insetLayout()->take(m_plot->legend);
+    m_plot->plotLayout()->addElement(0, 0, m_plot->legend);
+    m_plot->plotLayout()->setRowStretchFactor(0, 0.001);
+    m_plot->legend->setFillOrder(QCPLegend::foColumnsFirst);
+    m_plot->legend->setBorderPen(Qt::NoPen);
+    m_plot->legend->setMargins(QMargins(0, 0, 0, 0));
 
+    connect(m_sequences,
+            QOverload<int>::of(&QComboBox::currentIndexChanged),
+            this,
+            &RunView::selectionChanged);
     connect(m_run, &QPushButton::clicked, this, &RunView::runSelected);
-    connect(m_stop, &QPushButton::clicked, m_session, &RunSession::stop);
+    connect(m_stop, &QPushButton::clicked, this, &RunView::stop);
     connect(m_csv, &QPushButton::clicked, this, &RunView::chooseCsv);
     connect(m_png, &QPushButton::clicked, this, &RunView::choosePng);
+    connect(m_session, &RunSession::uploadedChanged, this, &RunView::refreshSequences);
     connect(m_session, &RunSession::started, this, &RunView::started);
     connect(m_session, &RunSession::sampled, this, &RunView::addSample);
     connect(m_session, &RunSession::ended, this, &RunView::ended);
@@ -81,38 +117,130 @@ RunView::~RunView() = default;
 
 void RunView::refreshSequences()
 {
-    m_sequences->clear();
-    const QPair<int, bool> last = m_session->lastUploaded();
-    for (const UploadedSequence &sequence : m_session->uploaded()) {
-        m_sequences->addItem(sequence.title(),
-                             QVariant::fromValue(QPoint(sequence.channel, sequence.list)));
-        if (sequence.channel == last.first && sequence.list == last.second)
-            m_sequences->setCurrentIndex(m_sequences->count() - 1);
+    const QVariant before = m_sequences->currentData();
+    {
+        const QSignalBlocker blocker(m_sequences);
+        m_sequences->clear();
+        for (const UploadedSequence &sequence : m_session->uploaded())
+            m_sequences->addItem(sequence.title(),
+                                 QVariant::fromValue(QPoint(sequence.channel, sequence.list)));
+        // What was verified last comes forward; otherwise the choice stays where it was.
+        const QPair<int, bool> last = m_session->lastUploaded();
+        int index = m_sequences->findData(QVariant::fromValue(QPoint(last.first, last.second)));
+        if (index < 0)
+            index = m_sequences->findData(before);
+        m_sequences->setCurrentIndex(index < 0 ? 0 : index);
     }
-    const bool any = m_sequences->count() > 0;
-    m_note->setText(any ? QString()
-                        : tr("Upload a sequence and let it be verified; it can then be run here. "
-                             "What the instrument held before was not verified by this program "
-                             "and is not offered."));
-    m_note->setVisible(!any);
-    m_run->setEnabled(any && !m_session->isRunning());
-    m_stop->setEnabled(m_session->isRunning());
-    m_csv->setEnabled(!m_session->trace().samples().isEmpty());
-    m_png->setEnabled(!m_session->trace().samples().isEmpty());
+    if (m_sequences->count() == 0)
+        showNote(m_session->trace().samples().isEmpty()
+                     ? tr("Upload a sequence and let it be verified; it can then be run here.")
+                     : tr("The instrument holds nothing this program verified since it "
+                          "connected; the last run stays here to export."),
+                 false);
+    else if (!m_session->isRunning())
+        showNote(QString(), false);
+    selectionChanged();
+}
+
+QPair<int, bool> RunView::shownSequence() const
+{
+    const UploadedSequence *sequence = shown();
+    return sequence ? keyOf(*sequence) : QPair<int, bool>{0, true};
+}
+
+void RunView::showSequence(int channel, bool list)
+{
+    const int index = m_sequences->findData(QVariant::fromValue(QPoint(channel, list)));
+    if (index >= 0)
+        m_sequences->setCurrentIndex(index);
+}
+
+const UploadedSequence *RunView::shown() const
+{
+    if (m_session->isRunning())
+        return &m_session->current();
+    const QPoint key = m_sequences->currentData().toPoint();
+    if (key.x() != 0)
+        return m_session->find(key.x(), key.y() != 0);
+    // Nothing is offered (the link went), but the last run's trace is still the user's.
+    if (!m_session->trace().samples().isEmpty())
+        return &m_session->current();
+    return nullptr;
+}
+
+void RunView::selectionChanged()
+{
+    if (m_session->isRunning()) {
+        // The selector stays on the sequence that plays.
+        showSequence(m_session->current().channel, m_session->current().list);
+        updateButtons();
+        return;
+    }
+    const UploadedSequence *sequence = shown();
+    m_plot->clearGraphs();
+    m_plot->clearItems();
+    m_planVoltage = m_planCurrent = m_measuredVoltage = m_measuredCurrent = nullptr;
+    m_cursor = nullptr;
+    if (!sequence) {
+        m_progress->clear();
+        m_plot->legend->setVisible(false);
+        m_plot->yAxis->setLabel(QString());
+        m_plot->yAxis2->setVisible(false);
+        m_plot->replot();
+        updateButtons();
+        return;
+    }
+    setUpPlot(*sequence);
+    const bool traced = !m_session->trace().samples().isEmpty()
+                        && sequence->serial == m_session->current().serial;
+    qint64 cycles = 1;
+    if (traced) {
+        for (const RunSample &s : m_session->trace().samples())
+            cycles = qMax(cycles, s.cycle);
+        addSample(m_session->trace().samples().constLast());
+    }
+    drawPlan(*sequence, cycles);
+    updateLabels(*sequence, nullptr);
+    m_plot->replot();
+    updateButtons();
+}
+
+void RunView::updateButtons()
+{
+    const bool running = m_session->isRunning();
+    const UploadedSequence *sequence = shown();
+    const bool traced = sequence && !m_session->trace().samples().isEmpty()
+                        && sequence->serial == m_session->current().serial;
+    m_sequences->setEnabled(!running && m_sequences->count() > 0);
+    m_run->setEnabled(canRun());
+    m_stop->setEnabled(running);
+    m_csv->setEnabled(traced);
+    m_png->setEnabled(sequence != nullptr);
+    emit runnableChanged();
+}
+
+bool RunView::canRun() const
+{
+    return !m_session->isRunning() && m_sequences->currentData().toPoint().x() != 0;
 }
 
 void RunView::runSelected()
 {
     const QPoint key = m_sequences->currentData().toPoint();
-    if (key.x() == 0)
+    if (key.x() == 0 || m_session->isRunning())
         return;
     m_progress->setText(tr("Starting..."));
+    showNote(QString(), false);
     m_session->start(key.x(), key.y() != 0);
 }
 
-void RunView::started()
+void RunView::stop()
 {
-    const UploadedSequence &sequence = m_session->current();
+    m_session->stop();
+}
+
+void RunView::setUpPlot(const UploadedSequence &sequence)
+{
     m_plot->clearGraphs();
     m_plot->clearItems();
     m_planVoltage = m_plot->addGraph();
@@ -133,6 +261,8 @@ void RunView::started()
         m_measuredCurrent->setName(tr("Measured current"));
         m_measuredCurrent->setPen(QPen(currentColor, 2));
         m_plot->yAxis->setLabel(tr("Voltage (V)"));
+        m_plot->yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
+        m_plot->yAxis->ticker()->setTickCount(4);
         m_plot->yAxis2->setLabel(tr("Current (A)"));
         m_plot->yAxis2->setVisible(true);
         double vMax = 0.0;
@@ -141,32 +271,39 @@ void RunView::started()
             vMax = qMax(vMax, step.voltage);
             cMax = qMax(cMax, step.current);
         }
-        m_plot->yAxis->setRange(0.0, qMax(1.0, vMax * 1.15));
-        m_plot->yAxis2->setRange(0.0, qMax(0.1, cMax * 1.15));
+        m_plot->yAxis->setRange(0.0, vMax > 0.0 ? vMax * 1.1 : 1.0);
+        m_plot->yAxis2->setRange(0.0, cMax > 0.0 ? cMax * 1.1 : 0.1);
     } else {
         m_planVoltage->setName(tr("Planned output"));
         m_planVoltage->setPen(QPen(QColor(QStringLiteral("#808080")), 1, Qt::DashLine));
         m_measuredVoltage->setName(tr("Output state"));
         m_measuredVoltage->setPen(QPen(voltageColor, 2));
         m_measuredVoltage->setLineStyle(QCPGraph::lsStepLeft);
-        m_plot->yAxis->setLabel(tr("Output (1 = On)"));
-        m_plot->yAxis->setRange(-0.1, 1.1);
+        m_plot->yAxis->setLabel(tr("Output"));
+        QSharedPointer<QCPAxisTickerText> states(new QCPAxisTickerText);
+        states->addTick(0.0, tr("Off"));
+        states->addTick(1.0, tr("On"));
+        m_plot->yAxis->setTicker(states);
+        m_plot->yAxis->setRange(-0.15, 1.15);
         m_plot->yAxis2->setVisible(false);
     }
     m_plot->legend->setVisible(true);
     m_cursor = new QCPItemStraightLine(m_plot);
     m_cursor->setPen(QPen(QColor(QStringLiteral("#00a000")), 1));
-    m_cursor->point1->setCoords(0.0, 0.0);
-    m_cursor->point2->setCoords(0.0, 1.0);
+    m_cursor->setVisible(false);
+}
+
+void RunView::started()
+{
+    setUpPlot(m_session->current());
     m_plannedCycles = 0;
-    drawPlan(1);
-    refreshSequences();
+    drawPlan(m_session->current(), 1);
+    selectionChanged();
     m_plot->replot();
 }
 
-void RunView::drawPlan(qint64 throughCycle)
+void RunView::drawPlan(const UploadedSequence &sequence, qint64 throughCycle)
 {
-    const UploadedSequence &sequence = m_session->current();
     const int steps = sequence.stepCount();
     if (steps == 0)
         return;
@@ -205,6 +342,9 @@ void RunView::drawPlan(qint64 throughCycle)
 
 void RunView::addSample(const RunSample &sample)
 {
+    if (!m_measuredVoltage)
+        return;
+    const UploadedSequence &sequence = m_session->current();
     const QVector<RunSample> &samples = m_session->trace().samples();
     // The trace thins its older half when it fills; the curves follow it rather than grow.
     if (m_measuredVoltage->dataCount() + 1 != samples.size()) {
@@ -213,29 +353,37 @@ void RunView::addSample(const RunSample &sample)
         QVector<double> c;
         for (const RunSample &s : samples) {
             t << s.time;
-            v << (m_session->current().list ? s.voltage : (s.output ? 1.0 : 0.0));
+            v << (sequence.list ? s.voltage : (s.output ? 1.0 : 0.0));
             c << s.current;
         }
         m_measuredVoltage->setData(t, v, true);
         if (m_measuredCurrent)
             m_measuredCurrent->setData(t, c, true);
     } else {
-        m_measuredVoltage->addData(
-            sample.time, m_session->current().list ? sample.voltage : (sample.output ? 1.0 : 0.0));
+        m_measuredVoltage->addData(sample.time,
+                                   sequence.list ? sample.voltage : (sample.output ? 1.0 : 0.0));
         if (m_measuredCurrent)
             m_measuredCurrent->addData(sample.time, sample.current);
     }
+    // What was measured stays inside the frame, even above the plan.
+    if (sequence.list) {
+        if (sample.voltage > m_plot->yAxis->range().upper)
+            m_plot->yAxis->setRangeUpper(sample.voltage * 1.1);
+        if (sample.current > m_plot->yAxis2->range().upper)
+            m_plot->yAxis2->setRangeUpper(sample.current * 1.1);
+    }
     if (sample.cycle >= m_plannedCycles)
-        drawPlan(sample.cycle + 1);
+        drawPlan(sequence, sample.cycle + 1);
+    m_cursor->setVisible(m_session->isRunning());
     m_cursor->point1->setCoords(sample.time, 0.0);
     m_cursor->point2->setCoords(sample.time, 1.0);
-    updateLabels(&sample);
+    if (m_session->isRunning())
+        updateLabels(sequence, &sample);
     m_plot->replot(QCustomPlot::rpQueuedReplot);
 }
 
-void RunView::updateLabels(const RunSample *sample)
+void RunView::updateLabels(const UploadedSequence &sequence, const RunSample *sample)
 {
-    const UploadedSequence &sequence = m_session->current();
     const double cycleSeconds = sequence.cycleSeconds();
     const QString total = sequence.cycles == 0
                               ? tr("endless")
@@ -251,8 +399,9 @@ void RunView::updateLabels(const RunSample *sample)
                 .arg(total));
         return;
     }
-    m_progress->setText(tr("Step %1 of %2 · cycle %3 of %4 · %5 s of %6")
-                            .arg(sample->step)
+    // The instrument counts its steps from 1; the editor's "No." column from 0.
+    m_progress->setText(tr("Step No. %1 of %2 steps · cycle %3 of %4 · %5 s of %6")
+                            .arg(sample->step - 1)
                             .arg(sequence.stepCount())
                             .arg(sample->cycle)
                             .arg(cycles)
@@ -262,18 +411,53 @@ void RunView::updateLabels(const RunSample *sample)
 
 void RunView::ended(const QString &message, bool failed)
 {
-    refreshSequences();
-    m_note->setText(message);
-    m_note->setStyleSheet(failed ? QStringLiteral("color:#ff0000") : QString());
-    m_note->setVisible(true);
+    showNote(message, failed);
     if (m_session->trace().samples().isEmpty())
         m_progress->clear();
+    else
+        updateLabels(m_session->current(), nullptr);
+    if (m_cursor)
+        m_cursor->setVisible(false);
+    updateButtons();
     m_plot->replot();
+}
+
+void RunView::showNote(const QString &text, bool failed)
+{
+    m_note->setText(text);
+    m_note->setToolTip(text);
+    m_note->setStyleSheet(failed ? QStringLiteral("color:#ff0000") : QString());
 }
 
 QString RunView::statusText() const
 {
     return m_progress->text();
+}
+
+QString RunView::noteText() const
+{
+    return m_note->text();
+}
+
+QString RunView::title() const
+{
+    const UploadedSequence *sequence = shown();
+    QStringList parts;
+    if (!m_instrument.isEmpty())
+        parts << m_instrument;
+    if (sequence)
+        parts << sequence->title();
+    parts << QLocale().toString(QDateTime::currentDateTime(), QLocale::ShortFormat);
+    return parts.join(QStringLiteral(" \u2014 "));
+}
+
+QString RunView::suggestedName() const
+{
+    const UploadedSequence *sequence = shown();
+    QString name = sequence ? QStringLiteral("%1-%2-").arg(
+                       QLatin1String(sequence->list ? "list" : "delayer"), sequence->channelName)
+                            : QStringLiteral("run-");
+    return name + QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-HHmm"));
 }
 
 bool RunView::exportCsv(const QString &path, QString *error) const
@@ -293,26 +477,62 @@ bool RunView::exportCsv(const QString &path, QString *error) const
     return true;
 }
 
-bool RunView::exportPng(const QString &path) const
+bool RunView::exportPng(const QString &path, QSize size) const
 {
-    return m_plot->savePng(path, 0, 0, 1.0, -1);
+    if (size.isEmpty())
+        size = m_plot->size().expandedTo(smallestExport);
+    // The title is part of the picture only, not of the view.
+    m_plot->plotLayout()->insertRow(0);
+    auto *heading = new QCPTextElement(m_plot, title(), QFont(font().family(), 11, QFont::Bold));
+    m_plot->plotLayout()->addElement(0, 0, heading);
+    const bool written = m_plot->savePng(path, size.width(), size.height(), 1.0, -1);
+    m_plot->plotLayout()->remove(heading);
+    m_plot->plotLayout()->simplify();
+    m_plot->replot();
+    return written;
+}
+
+QString
+RunView::chooseExportPath(const QString &caption, const QString &filter, const QString &suffix)
+{
+    QSettings settings;
+    const QString folder = settings.value(exportDirKey, QDir::homePath()).toString();
+    QString path = QFileDialog::getSaveFileName(
+        this, caption, QDir(folder).filePath(suggestedName() + suffix), filter);
+    if (path.isEmpty())
+        return {};
+    if (!path.endsWith(suffix, Qt::CaseInsensitive))
+        path += suffix;
+    settings.setValue(exportDirKey, QFileInfo(path).absolutePath());
+    return path;
 }
 
 void RunView::chooseCsv()
 {
     const QString path
-        = QFileDialog::getSaveFileName(this, tr("Export Trace"), {}, tr("CSV files (*.csv)"));
+        = chooseExportPath(tr("Export Trace"), tr("CSV files (*.csv)"), QStringLiteral(".csv"));
+    if (path.isEmpty())
+        return;
     QString error;
-    if (!path.isEmpty() && !exportCsv(path, &error))
-        m_note->setText(error);
+    if (exportCsv(path, &error))
+        showNote(tr("Saved %1 samples to %2")
+                     .arg(m_session->trace().samples().size())
+                     .arg(QDir::toNativeSeparators(path)),
+                 false);
+    else
+        showNote(error, true);
 }
 
 void RunView::choosePng()
 {
     const QString path
-        = QFileDialog::getSaveFileName(this, tr("Export Plot"), {}, tr("PNG images (*.png)"));
-    if (!path.isEmpty() && !exportPng(path))
-        m_note->setText(tr("Cannot write %1").arg(path));
+        = chooseExportPath(tr("Export Plot"), tr("PNG images (*.png)"), QStringLiteral(".png"));
+    if (path.isEmpty())
+        return;
+    if (exportPng(path))
+        showNote(tr("Saved the plot to %1").arg(QDir::toNativeSeparators(path)), false);
+    else
+        showNote(tr("Cannot write %1").arg(QDir::toNativeSeparators(path)), true);
 }
 
 } // namespace tarn::host

@@ -177,8 +177,10 @@ std::optional<SequenceContent> SequenceFiles::readForLoad(UploadMode mode, QStri
         read.ok = false;
         read.error = unreadable;
     }
-    if (read.ok)
+    if (read.ok) {
+        m_paths[mode == UploadMode::List ? 0 : 1] = path;
         return read.content;
+    }
     const QString title = tr("Load %1").arg(tabName(mode));
     const QString file = QDir::toNativeSeparators(path);
     if (read.refusedOnlyForEndState && m_prompter
@@ -260,7 +262,11 @@ void SequenceFiles::handleSave(UploadMode mode,
         return;
     }
 
-    QString path = m_prompter ? m_prompter->saveFileName(m_dialog, title, lastFolder()) : QString();
+    const QString known = filePath(mode);
+    QString path
+        = m_prompter
+              ? m_prompter->saveFileName(m_dialog, title, known.isEmpty() ? lastFolder() : known)
+              : QString();
     if (path.isEmpty())
         return;
     if (QFileInfo(path).suffix().isEmpty())
@@ -275,6 +281,7 @@ void SequenceFiles::handleSave(UploadMode mode,
         return;
     }
     m_lastSaveWritten = true;
+    m_paths[mode == UploadMode::List ? 0 : 1] = path;
     m_dialog->showInfo(tr("Saved %n steps to %1", nullptr, count).arg(file), messageMs);
     emit saved(mode);
 }

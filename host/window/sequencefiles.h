@@ -50,6 +50,8 @@ public:
     SequenceContent current(UploadMode mode) const;
     StepLimits limits(UploadMode mode) const;
     int maxCount() const { return m_description.maxCount; }
+    // The file the tab's sequence was last loaded from or saved to; empty for none.
+    QString filePath(UploadMode mode) const { return m_paths[mode == UploadMode::List ? 0 : 1]; }
 
     // The folder file dialogs start in: the one of the last file opened or saved.
     static QString lastFolder();
@@ -79,6 +81,7 @@ private:
     sim::InstrumentDescription m_description;
     Prompter *m_prompter = nullptr;
     bool m_lastSaveWritten = false;
+    QString m_paths[2];
 };
 
 } // namespace tarn::host

@@ -95,7 +95,7 @@ with tempfile.TemporaryDirectory() as work:
     checked = tool("check", "high.csv", "--json", cwd=work)
     lines = [json.loads(line) for line in checked.stdout.splitlines()]
     check("problems by step", [(l["type"], l.get("step")) for l in lines],
-          [("problem", 2), ("problem", 3), ("result", None)])
+          [("problem", 1), ("problem", 2), ("result", None)])
     check("result says how many", (lines[-1]["ok"], lines[-1]["refused"]), (False, 2))
 
     supply, address = start_supply("--speed", "10")
