@@ -32,8 +32,10 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTimer>
 #include <QToolBar>
 
 namespace tarn::host {
@@ -51,6 +53,12 @@ constexpr int rowsInSight = 10;
 // The plots above the tables shrink to this before the dialog scrolls.
 constexpr int plotHeightInSight = 40;
 constexpr int stateWidth = 240;
+// The run view's height when the window has it to give.
+constexpr int runViewHeight = 260;
+// A sequence plot lower than this is collapsed rather than shown.
+constexpr int legiblePlot = 80;
+// Below this the run view has no room for its plot.
+constexpr int smallestRunView = 150;
 constexpr UploadMode modes[] = {UploadMode::List, UploadMode::Delayer};
 } // namespace
 
@@ -147,9 +155,22 @@ void MainWindow::fitSequenceTables()
             // (A minimum of 0 would mean "none", and the plot's own hint would hold.)
             splitter->widget(0)->setMinimumHeight(sequence ? 1 : plotHeightInSight);
             splitter->setStretchFactor(0, 1);
-            splitter->setStretchFactor(1, 2);
+            splitter->setStretchFactor(1, sequence ? 2 : 1);
             splitter->setCollapsible(1, false);
         }
+    }
+}
+
+void MainWindow::collapseSequencePlots(bool collapse)
+{
+    for (UploadMode mode : modes) {
+        auto *splitter = qobject_cast<QSplitter *>(
+            m_dialog->control(mode, DialogProgrammer::Control::SequenceSplitter));
+        const int total = splitter->sizes().value(0) + splitter->sizes().value(1);
+        if (collapse)
+            splitter->setSizes({0, total});
+        else if (splitter->sizes().value(0) == 0)
+            splitter->setSizes({total / 3, total - total / 3});
     }
 }
 
@@ -165,6 +186,11 @@ void MainWindow::arrangeDocks()
     tabifyDockWidget(m_runDock, m_trafficDock);
     m_runDock->hide();
     m_trafficDock->hide();
+    // The sequence's plot, collapsed for the run view on a short screen, comes back with the room.
+    connect(m_runDock, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+        if (!visible && m_runDock->isHidden())
+            collapseSequencePlots(false);
+    });
     const QSettings settings;
     restoreGeometry(settings.value(geometryKey).toByteArray());
     restoreState(settings.value(stateKey).toByteArray());
@@ -251,6 +277,8 @@ void MainWindow::createConnectionBar()
     bar->addSeparator();
     m_state = new QLabel(bar);
     m_state->setObjectName(QStringLiteral("connectionState"));
+    // Of a fixed width: the menu bar sizes its corner once, not as the text changes.
+    m_state->setFixedWidth(stateWidth);
     bar->addWidget(m_state);
 
     connect(
@@ -376,14 +404,24 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
 
 void MainWindow::showRunView()
 {
-    if (m_runDock->isHidden()) {
-        // It opens as tall as the dialog leaves room for, never below its own minimum.
+    if (m_runDock->isHidden() && !m_runDock->isFloating()) {
+        // It opens with a useful plot's height where the dialog can give that, and with its
+        // controls alone where it cannot; either way the dialog keeps the height it needs, so the
+        // table's rows and every button of the tab stay in sight.
+        m_dialog->setMinimumHeight(m_dialog->minimumSizeHint().height());
         const int room = height() - menuBar()->height() - statusBar()->height()
-                         - m_dialog->minimumSizeHint().height() - 8;
+                         - 2 * style()->pixelMetric(QStyle::PM_DockWidgetSeparatorExtent)
+                         - m_dialog->minimumHeight();
         m_runDock->show();
-        resizeDocks({m_runDock},
-                    {qMax(m_runView->minimumHeight(), qMin(room, height() / 2))},
-                    Qt::Vertical);
+        resizeDocks(
+            {m_runDock}, {room < smallestRunView ? 0 : qMin(room, runViewHeight)}, Qt::Vertical);
+        // A sequence plot squeezed to a sliver says nothing; the table takes its place.
+        QTimer::singleShot(0, this, [this] {
+            auto *shown = qobject_cast<QSplitter *>(m_dialog->control(
+                m_dialog->currentMode(), DialogProgrammer::Control::SequenceSplitter));
+            if (shown->sizes().value(0) < legiblePlot)
+                collapseSequencePlots(true);
+        });
     }
     m_runDock->show();
     m_runDock->raise();

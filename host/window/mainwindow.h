@@ -71,6 +71,7 @@ private:
     void createInstrumentMenu();
     void arrangeDocks();
     void fitSequenceTables();
+    void collapseSequencePlots(bool collapse);
     void updateTitle();
     void updateInstrumentActions();
     void createStatusBar(const sim::InstrumentDescription &description);

@@ -23,6 +23,8 @@ namespace {
 constexpr int planPoints = 20000;
 // An exported plot is never smaller than this, however small the view is on screen.
 constexpr QSize smallestExport(1000, 600);
+// A plot lower than this says nothing; the view shows none instead.
+constexpr int smallestPlot = 90;
 const QColor voltageColor(QStringLiteral("#0000ff"));
 const QColor currentColor(QStringLiteral("#ff0000"));
 const QString exportDirKey = QStringLiteral("Run/ExportDirectory");
@@ -53,6 +55,7 @@ RunView::RunView(RunSession *session,
     , m_plot(new QCustomPlot(this))
 {
     m_sequences->setObjectName(QStringLiteral("runSequence"));
+    m_sequences->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_sequences->setToolTip(tr("The sequences the instrument holds as this program uploaded and "
                                "verified them since it connected"));
     m_run->setObjectName(QStringLiteral("runButton"));
@@ -73,11 +76,13 @@ RunView::RunView(RunSession *session,
     // One line of controls and what they did, so that the plot keeps the height of a short
     // screen.
     auto *controls = new QHBoxLayout;
-    controls->addWidget(m_sequences, 2);
+    controls->addWidget(m_sequences);
     controls->addWidget(m_run);
     controls->addWidget(m_stop);
+    controls->addSpacing(8);
     controls->addWidget(m_progress);
-    controls->addWidget(m_note, 3);
+    controls->addSpacing(16);
+    controls->addWidget(m_note, 1);
     controls->addWidget(m_csv);
     controls->addWidget(m_png);
     auto *layout = new QVBoxLayout(this);
@@ -85,7 +90,7 @@ RunView::RunView(RunSession *session,
     layout->setSpacing(2);
     layout->addLayout(controls);
     layout->addWidget(m_plot, 1);
-    m_plot->setMinimumHeight(110);
+    m_plot->setMinimumHeight(1); // 0 would leave the plot's own hint in force
     m_plot->xAxis->setLabel(tr("Time (s)"));
     m_plot->yAxis->ticker()->setTickCount(4);
     m_plot->yAxis2->ticker()->setTickCount(4);
@@ -114,6 +119,15 @@ RunView::RunView(RunSession *session,
 }
 
 RunView::~RunView() = default;
+
+void RunView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    // On a short screen the dock keeps the controls and the step playing; the plot comes back
+    // once the dock is made taller or floated.
+    m_plot->setVisible(m_plot->isVisible() ? m_plot->height() >= smallestPlot
+                                           : height() - m_sequences->height() >= smallestPlot + 8);
+}
 
 void RunView::refreshSequences()
 {

@@ -57,6 +57,9 @@ public:
 signals:
     void runnableChanged();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void refreshSequences();
     void selectionChanged();

@@ -40,8 +40,9 @@ void SequenceHints::addDurationLabels()
         label->setObjectName(mode == UploadMode::List ? QStringLiteral("listDuration")
                                                       : QStringLiteral("delayerDuration"));
         // Under the counter, across the whole row: translated totals run longer than the
-        // counter's own columns are wide. Words wrap only where even the row is too narrow.
-        label->setWordWrap(true);
+        // counter's own columns are wide. It does not wrap: a label that wraps asks for its
+        // height by its width, and so makes the whole dialog as tall as it likes to be, which
+        // would scroll it beside the run view.
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         label->setToolTip(tr("How long the sequence runs on the instrument, repeats included"));
         if (auto *grid = qobject_cast<QGridLayout *>(counter->parentWidget()->layout())) {
