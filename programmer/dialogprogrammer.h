@@ -29,6 +29,7 @@ class ListDataModel;
 class DelayerTemplateModel;
 class DelayerModel;
 class ProgrammerUploader;
+class RangeNotice;
 
 // DialogProgrammer is the module's one dialog. The host constructs it with the instrument's
 // Option, listens to its signals and drives uploads with uploaderNext() and uploaderStop(); the
@@ -103,6 +104,12 @@ public:
     QTableView *sequenceView(UploadMode mode) const;
     // Gives each template editor without a tool tip the text of the label beside it.
     void explainEditorsByTheirLabels();
+    // Gives each template editor without a tool tip a sentence on what it does to the steps.
+    void explainTemplateEditors();
+    // Has a RangeNotice watch every spin box of the dialog and every cell editor of the List
+    // table, its sentences shown on the status line; returns it. Without this call the dialog's
+    // boxes refuse out-of-range keystrokes silently, as before.
+    RangeNotice *guardRanges();
 
     void uploaderStart(UploadMode mode);
     void setupUploader(UploadMode mode);

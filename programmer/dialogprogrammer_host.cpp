@@ -4,16 +4,24 @@
 #include "ui_dialogprogrammer.h"
 
 #include "delayermodel.h"
+#include "floatdelegate.h"
 #include "listdatamodel.h"
+#include "rangenotice.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHash>
 #include <QLabel>
 #include <QStatusBar>
 
 namespace tarn2::specific::orvo5000::programmer {
+
+namespace {
+// Long enough to read, short enough not to stand beside what the user does next.
+constexpr int rangeMessageMs = 8000;
+} // namespace
 
 void DialogProgrammer::setListSequence(const QList<ListData> &steps,
                                        int cycles,
@@ -133,6 +141,67 @@ QWidget *DialogProgrammer::control(UploadMode mode, Control control) const
         return list ? ui->splitter : ui->splitter_2;
     }
     return nullptr;
+}
+
+RangeNotice *DialogProgrammer::guardRanges()
+{
+    if (auto *notice = findChild<RangeNotice *>(QString(), Qt::FindDirectChildrenOnly))
+        return notice;
+    auto *notice = new RangeNotice(this);
+    for (QAbstractSpinBox *box : findChildren<QAbstractSpinBox *>())
+        notice->watch(box);
+    if (auto *delegate = qobject_cast<FloatDelegate *>(ui->tvList->itemDelegate()))
+        delegate->setRangeNotice(notice);
+    connect(notice, &RangeNotice::refused, this, [this](const QString &message) {
+        showError(message, rangeMessageMs);
+    });
+    return notice;
+}
+
+void DialogProgrammer::explainTemplateEditors()
+{
+    // By the editors' names without the number of the template page they are on.
+    const QHash<QString, QString> tips{
+        {QStringLiteral("sbListTempMin"), tr("The level at the bottom of the waveform")},
+        {QStringLiteral("sbListTempMax"), tr("The level at the top of the waveform")},
+        {QStringLiteral("sbListTempOtherValue"),
+         tr("The value of the quantity the waveform does not shape, the same at every step")},
+        {QStringLiteral("sbListTempPeriod"), tr("The length of one period of the waveform")},
+        {QStringLiteral("sbListTempInterval"),
+         tr("How long each step lasts: the waveform is sampled once per interval")},
+        {QStringLiteral("sbListTempCycles"), tr("How many periods the template makes")},
+        {QStringLiteral("cbListTempInverted"), tr("Turns the waveform upside down")},
+        {QStringLiteral("sbListTempWidth"), tr("How long each pulse stays at the top")},
+        {QStringLiteral("sbListTempPulseCount"), tr("How many pulses the template makes")},
+        {QStringLiteral("sbListTempSymmetry"),
+         tr("Where in the period the ramp turns, in percent: 0 only falls, 100 only rises, 50 "
+            "rises and falls alike")},
+        {QStringLiteral("sbListTempSteps"), tr("How many steps share the period")},
+        {QStringLiteral("sbListTempExpRate"),
+         tr("How fast the curve approaches its end: a higher rate bends it sooner")},
+        {QStringLiteral("sbListTempExpGroups"),
+         tr("How many steps the curve has, each as long as the interval")},
+        {QStringLiteral("sbDelayerTemplageGroups"),
+         tr("How many On and Off steps the template makes")},
+        {QStringLiteral("sbDelayerTempOnTime"), tr("How long the output stays On at each On step")},
+        {QStringLiteral("sbDelayerTempOffTime"),
+         tr("How long the output stays Off at each Off step")},
+        {QStringLiteral("sbDelayerTempIncBaseValue"), tr("How long the first step lasts")},
+        {QStringLiteral("sbDelayerTempIncStep"),
+         tr("How much longer each step lasts than the one before")},
+        {QStringLiteral("sbDelayerTempDecBaseValue"), tr("How long the first step lasts")},
+        {QStringLiteral("sbDelayerTempDecStep"),
+         tr("How much shorter each step lasts than the one before; the last must stay longer "
+            "than zero")},
+    };
+    for (QWidget *widget : findChildren<QWidget *>()) {
+        QString name = widget->objectName();
+        while (!name.isEmpty() && name.back().isDigit())
+            name.chop(1);
+        const auto tip = tips.constFind(name);
+        if (tip != tips.cend() && widget->toolTip().isEmpty())
+            widget->setToolTip(*tip);
+    }
 }
 
 void DialogProgrammer::explainEditorsByTheirLabels()

@@ -1,6 +1,8 @@
 // The bounded spin box editor of the List sequence table's value cells.
 #include "floatdelegate.h"
 
+#include "rangenotice.h"
+
 #include "helper.h"
 #include "listdatamodel.h"
 
@@ -66,7 +68,17 @@ QWidget *FloatDelegate::createEditor(QWidget *parent,
         break;
     }
     editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (m_notice)
+        m_notice->watch(editor,
+                        column == ListDataModel::ColumnVoltage   ? QStringLiteral("V")
+                        : column == ListDataModel::ColumnCurrent ? QStringLiteral("A")
+                                                                 : QStringLiteral("s"));
     return editor;
+}
+
+void FloatDelegate::setRangeNotice(RangeNotice *notice)
+{
+    m_notice = notice;
 }
 
 void FloatDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const

@@ -3,9 +3,12 @@
 
 #include "tarn2_specific_export.h"
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 namespace tarn2::specific::orvo5000::programmer {
+
+class RangeNotice;
 
 // FloatDelegate edits columns 1 to 3 of ListDataModel with a frameless, right-aligned spin box
 // bounded by the current channel's voltage or current range, or by the option's time limits, and
@@ -28,6 +31,12 @@ public:
     void setModelData(QWidget *editor,
                       QAbstractItemModel *model,
                       const QModelIndex &index) const override;
+
+    // Has `notice` watch every editor made from now on; none by default.
+    void setRangeNotice(RangeNotice *notice);
+
+private:
+    QPointer<RangeNotice> m_notice;
 };
 
 } // namespace tarn2::specific::orvo5000::programmer

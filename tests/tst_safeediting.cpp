@@ -5,6 +5,7 @@
 #include "prompter.h"
 #include <dialogprogrammer.h>
 #include <window/mainwindow.h>
+#include <window/runview.h>
 #include <window/sequenceeditor.h>
 #include <window/sequencefiles.h>
 #include <window/sequencehistory.h>
@@ -15,12 +16,14 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QUndoStack>
@@ -72,6 +75,10 @@ private slots:
     void copyPutsRowsOnTheClipboard();
     void durationShowsRepeatsAndEndless();
     void minimumSizeKeepsEverythingVisible();
+    void runViewLeavesTheTablesTheirRows_data();
+    void runViewLeavesTheTablesTheirRows();
+    void valueBeyondTheRangeIsRefusedWithTheLimit_data();
+    void valueBeyondTheRangeIsRefusedWithTheLimit();
     void shortWindowScrollsTheDialogRatherThanSqueezingIt();
 
 private:
@@ -500,6 +507,87 @@ void TestSafeEditing::minimumSizeKeepsEverythingVisible()
     QVERIFY(m_window->minimumWidth() >= m_dialog->minimumSizeHint().width());
     QVERIFY(m_window->width() >= m_window->minimumSizeHint().width());
     QVERIFY(m_window->height() >= m_window->minimumSizeHint().height());
+}
+
+void TestSafeEditing::runViewLeavesTheTablesTheirRows_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("List") << int(UploadMode::List);
+    QTest::newRow("Delayer") << int(UploadMode::Delayer);
+}
+
+// At 1280×800 with the run view open, ten steps and every button of the tab are in sight, none of
+// them scrolled away.
+void TestSafeEditing::runViewLeavesTheTablesTheirRows()
+{
+    const auto mode
+        = static_cast<UploadMode>(QTest::currentDataTag() == QByteArray("List") ? 0 : 1);
+    for (int i = 0; i < 3; ++i)
+        append(mode);
+    m_dialog->setCurrentMode(mode);
+    m_window->resize(1280, 800);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    m_window->showRunView();
+    QTest::qWait(50);
+    QVERIFY(m_window->runView()->isVisible());
+
+    auto *scroll = m_window->findChild<QScrollArea *>(QStringLiteral("dialogScrollArea"));
+    const QRect sight = scroll->viewport()->rect();
+    const auto inSight = [&](const QWidget *widget, QRect rect) {
+        return widget->isVisible()
+               && sight.contains(
+                   QRect(widget->mapTo(scroll->viewport(), rect.topLeft()), rect.size()));
+    };
+    QTableView *table = m_dialog->sequenceView(mode);
+    int rows = 0;
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+        const QRect cell = table->visualRect(table->model()->index(row, 0));
+        rows += table->viewport()->rect().contains(cell) && inSight(table->viewport(), cell);
+    }
+    QVERIFY2(rows >= 10, qPrintable(QString::number(rows)));
+    auto *tabs
+        = qobject_cast<QTabWidget *>(m_dialog->control(mode, DialogProgrammer::Control::Tabs));
+    for (QPushButton *button : tabs->currentWidget()->findChildren<QPushButton *>())
+        QVERIFY2(inSight(button, button->rect()), qPrintable(button->text()));
+}
+
+void TestSafeEditing::valueBeyondTheRangeIsRefusedWithTheLimit_data()
+{
+    QTest::addColumn<bool>("inTable");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<double>("kept");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("cell above the channel's voltage")
+        << true << "40" << 1.5 << "40 V is above the largest value, 32.000 V";
+    QTest::newRow("template maximum above the channel's voltage")
+        << false << "40" << 3.0 << "40 V is above the largest value, 32.000 V";
+    QTest::newRow("template maximum within") << false << "25" << 25.0 << "";
+}
+
+// 40 typed where 32 V is the limit never becomes 4: the field keeps what it held and says why.
+void TestSafeEditing::valueBeyondTheRangeIsRefusedWithTheLimit()
+{
+    QFETCH(bool, inTable);
+    QFETCH(QString, typed);
+    QFETCH(double, kept);
+    QFETCH(QString, message);
+    append(UploadMode::List);
+    m_window->show();
+    QDoubleSpinBox *box = nullptr;
+    if (inTable) {
+        QTableView *table = m_dialog->sequenceView(UploadMode::List);
+        table->edit(table->model()->index(0, 1));
+        box = table->viewport()->findChild<QDoubleSpinBox *>();
+    } else {
+        box = m_dialog->findChild<QDoubleSpinBox *>(QStringLiteral("sbListTempMax"));
+    }
+    QVERIFY(box);
+    box->selectAll();
+    QTest::keyClicks(box, typed);
+    QCOMPARE(box->value(), kept);
+    QCOMPARE(m_dialog->statusMessage(), message);
 }
 
 // With the run view open on a short screen, the editors keep their height and the dialog scrolls.

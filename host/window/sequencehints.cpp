@@ -109,8 +109,9 @@ void SequenceHints::addToolTips()
             widget->setToolTip(tip.text);
         }
     }
-    // The template editors are explained by the label beside them.
-    m_dialog->explainEditorsByTheirLabels();
+    // What each template editor does; its range and unit come with the tool tip as it shows.
+    m_dialog->explainTemplateEditors();
+    m_dialog->guardRanges();
 }
 
 QString SequenceHints::durationText(UploadMode mode) const
