@@ -14,6 +14,7 @@
 #include <supplyengine.h>
 #include <window/benchcontroller.h>
 #include <window/instrumentstatusview.h>
+#include <window/runview.h>
 
 #include <QComboBox>
 #include <QPushButton>
@@ -63,6 +64,7 @@ private slots:
     void uploadIsVerifiedOnEveryChannel();
     void badStepIsNamedAndSelected_data();
     void badStepIsNamedAndSelected();
+    void runViewOffersWhatThisConnectionVerified();
     void slowInstrumentTimesOutAndTheDialogStaysUsable();
     void refusedConnectionIsReported();
     void uploadWithoutConnectionIsRefused();
@@ -162,6 +164,37 @@ void TestBenchHost::badStepIsNamedAndSelected()
     QCOMPARE(outcome.row, row);
     QVERIFY(bench.dialog->isEnabled());
     QCOMPARE(bench.selectedRow(UploadMode::List), row);
+}
+
+// The run view offers what the instrument holds as verified on this connection, and its selector
+// and status line speak of the same sequence; a new connection starts with nothing on offer.
+void TestBenchHost::runViewOffersWhatThisConnectionVerified()
+{
+    Bench bench;
+    QVERIFY(bench.connectTo(QStringLiteral("sim:")));
+    RunView view(bench.controller->runSession(), 3, 3, 3);
+    auto *offered = view.findChild<QComboBox *>(QStringLiteral("runSequence"));
+    bench.append(UploadMode::List, 1);
+    QVERIFY(bench.upload(UploadMode::List).verified);
+    bench.append(UploadMode::Delayer, 1);
+    QVERIFY(bench.upload(UploadMode::Delayer).verified);
+
+    QCOMPARE(offered->count(), 2);
+    QCOMPARE(view.shownSequence(), qMakePair(1, false));
+    const auto described = [&view](int steps) {
+        return view.statusText().startsWith(QStringLiteral("Not running · %1 steps,").arg(steps));
+    };
+    QVERIFY2(described(bench.dialog->delayerSequence().size()), qPrintable(view.statusText()));
+    view.showSequence(1, true);
+    QVERIFY2(described(bench.dialog->listSequence().size()), qPrintable(view.statusText()));
+    QVERIFY(view.canRun());
+
+    bench.controller->disconnectFromInstrument();
+    QCOMPARE(offered->count(), 0);
+    QVERIFY(!view.canRun());
+    QVERIFY(bench.connectTo(QStringLiteral("sim:")));
+    QCOMPARE(offered->count(), 0);
+    QCOMPARE(view.statusText(), QString());
 }
 
 void TestBenchHost::slowInstrumentTimesOutAndTheDialogStaysUsable()

@@ -368,6 +368,82 @@
         <source>delayer</source>
         <translation>Delayer</translation>
     </message>
+    <message>
+        <source>The level at the bottom of the waveform</source>
+        <translation>Der Pegel am unteren Ende der Kurvenform</translation>
+    </message>
+    <message>
+        <source>The level at the top of the waveform</source>
+        <translation>Der Pegel am oberen Ende der Kurvenform</translation>
+    </message>
+    <message>
+        <source>The value of the quantity the waveform does not shape, the same at every step</source>
+        <translation>Der Wert der Größe, die die Kurvenform nicht formt, bei jedem Schritt gleich</translation>
+    </message>
+    <message>
+        <source>The length of one period of the waveform</source>
+        <translation>Die Dauer einer Periode der Kurvenform</translation>
+    </message>
+    <message>
+        <source>How long each step lasts: the waveform is sampled once per interval</source>
+        <translation>Wie lange jeder Schritt dauert: die Kurvenform wird einmal je Intervall abgetastet</translation>
+    </message>
+    <message>
+        <source>How many periods the template makes</source>
+        <translation>Wie viele Perioden die Vorlage erzeugt</translation>
+    </message>
+    <message>
+        <source>Turns the waveform upside down</source>
+        <translation>Stellt die Kurvenform auf den Kopf</translation>
+    </message>
+    <message>
+        <source>How long each pulse stays at the top</source>
+        <translation>Wie lange jeder Impuls oben bleibt</translation>
+    </message>
+    <message>
+        <source>How many pulses the template makes</source>
+        <translation>Wie viele Impulse die Vorlage erzeugt</translation>
+    </message>
+    <message>
+        <source>Where in the period the ramp turns, in percent: 0 only falls, 100 only rises, 50 rises and falls alike</source>
+        <translation>Wo in der Periode die Rampe umkehrt, in Prozent: 0 fällt nur, 100 steigt nur, 50 steigt und fällt gleich</translation>
+    </message>
+    <message>
+        <source>How many steps share the period</source>
+        <translation>Wie viele Schritte sich die Periode teilen</translation>
+    </message>
+    <message>
+        <source>How fast the curve approaches its end: a higher rate bends it sooner</source>
+        <translation>Wie schnell sich die Kurve ihrem Ende nähert: eine höhere Rate krümmt sie früher</translation>
+    </message>
+    <message>
+        <source>How many steps the curve has, each as long as the interval</source>
+        <translation>Wie viele Schritte die Kurve hat, jeder so lang wie das Intervall</translation>
+    </message>
+    <message>
+        <source>How many On and Off steps the template makes</source>
+        <translation>Wie viele Ein- und Aus-Schritte die Vorlage erzeugt</translation>
+    </message>
+    <message>
+        <source>How long the output stays On at each On step</source>
+        <translation>Wie lange der Ausgang bei jedem Ein-Schritt eingeschaltet bleibt</translation>
+    </message>
+    <message>
+        <source>How long the output stays Off at each Off step</source>
+        <translation>Wie lange der Ausgang bei jedem Aus-Schritt ausgeschaltet bleibt</translation>
+    </message>
+    <message>
+        <source>How long the first step lasts</source>
+        <translation>Wie lange der erste Schritt dauert</translation>
+    </message>
+    <message>
+        <source>How much longer each step lasts than the one before</source>
+        <translation>Um wie viel länger jeder Schritt dauert als der vorige</translation>
+    </message>
+    <message>
+        <source>How much shorter each step lasts than the one before; the last must stay longer than zero</source>
+        <translation>Um wie viel kürzer jeder Schritt dauert als der vorige; der letzte muss länger als null bleiben</translation>
+    </message>
 </context>
 <context>
     <name>tarn2::specific::orvo5000::programmer::ListDataModel</name>
@@ -412,6 +488,25 @@
     <message>
         <source>The upload timed out</source>
         <translation>Die Übertragung hat das Zeitlimit überschritten</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::RangeNotice</name>
+    <message>
+        <source>%1 is above the largest value, %2</source>
+        <translation>%1 liegt über dem größten Wert, %2</translation>
+    </message>
+    <message>
+        <source>%1 is below the smallest value, %2</source>
+        <translation>%1 liegt unter dem kleinsten Wert, %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2</source>
+        <translation>Von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2 %3</source>
+        <translation>Von %1 bis %2 %3</translation>
     </message>
 </context>
 </TS>

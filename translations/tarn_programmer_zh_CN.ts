@@ -368,6 +368,82 @@
         <source>delayer</source>
         <translation>延时器</translation>
     </message>
+    <message>
+        <source>The level at the bottom of the waveform</source>
+        <translation>波形底部的电平</translation>
+    </message>
+    <message>
+        <source>The level at the top of the waveform</source>
+        <translation>波形顶部的电平</translation>
+    </message>
+    <message>
+        <source>The value of the quantity the waveform does not shape, the same at every step</source>
+        <translation>波形不改变的那个量的值，每一步都相同</translation>
+    </message>
+    <message>
+        <source>The length of one period of the waveform</source>
+        <translation>波形一个周期的时长</translation>
+    </message>
+    <message>
+        <source>How long each step lasts: the waveform is sampled once per interval</source>
+        <translation>每一步持续的时间：每个间隔对波形采样一次</translation>
+    </message>
+    <message>
+        <source>How many periods the template makes</source>
+        <translation>模板生成的周期数</translation>
+    </message>
+    <message>
+        <source>Turns the waveform upside down</source>
+        <translation>将波形上下翻转</translation>
+    </message>
+    <message>
+        <source>How long each pulse stays at the top</source>
+        <translation>每个脉冲保持在顶部的时间</translation>
+    </message>
+    <message>
+        <source>How many pulses the template makes</source>
+        <translation>模板生成的脉冲数</translation>
+    </message>
+    <message>
+        <source>Where in the period the ramp turns, in percent: 0 only falls, 100 only rises, 50 rises and falls alike</source>
+        <translation>斜坡在周期中的转折位置（百分比）：0 只下降，100 只上升，50 上升与下降相同</translation>
+    </message>
+    <message>
+        <source>How many steps share the period</source>
+        <translation>均分周期的步数</translation>
+    </message>
+    <message>
+        <source>How fast the curve approaches its end: a higher rate bends it sooner</source>
+        <translation>曲线趋近终值的快慢：速率越高，弯曲越早</translation>
+    </message>
+    <message>
+        <source>How many steps the curve has, each as long as the interval</source>
+        <translation>曲线的步数，每步时长等于间隔</translation>
+    </message>
+    <message>
+        <source>How many On and Off steps the template makes</source>
+        <translation>模板生成的开、关步数</translation>
+    </message>
+    <message>
+        <source>How long the output stays On at each On step</source>
+        <translation>每个开步骤中输出保持开启的时间</translation>
+    </message>
+    <message>
+        <source>How long the output stays Off at each Off step</source>
+        <translation>每个关步骤中输出保持关闭的时间</translation>
+    </message>
+    <message>
+        <source>How long the first step lasts</source>
+        <translation>第一步持续的时间</translation>
+    </message>
+    <message>
+        <source>How much longer each step lasts than the one before</source>
+        <translation>每一步比前一步长多少</translation>
+    </message>
+    <message>
+        <source>How much shorter each step lasts than the one before; the last must stay longer than zero</source>
+        <translation>每一步比前一步短多少；最后一步必须大于零</translation>
+    </message>
 </context>
 <context>
     <name>tarn2::specific::orvo5000::programmer::ListDataModel</name>
@@ -412,6 +488,25 @@
     <message>
         <source>The upload timed out</source>
         <translation>上传超时</translation>
+    </message>
+</context>
+<context>
+    <name>tarn2::specific::orvo5000::programmer::RangeNotice</name>
+    <message>
+        <source>%1 is above the largest value, %2</source>
+        <translation>%1 超过最大值 %2</translation>
+    </message>
+    <message>
+        <source>%1 is below the smallest value, %2</source>
+        <translation>%1 低于最小值 %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2</source>
+        <translation>从 %1 到 %2</translation>
+    </message>
+    <message>
+        <source>From %1 to %2 %3</source>
+        <translation>从 %1 到 %2 %3</translation>
     </message>
 </context>
 </TS>
