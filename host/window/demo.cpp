@@ -123,6 +123,11 @@ int runDemo(const sim::InstrumentDescription &description,
                         qPrintable(QFileInfo(trace).absoluteFilePath()));
         else
             std::fprintf(stderr, "demo: %s\n", qPrintable(error));
+        const QString plot
+            = png.path() + QLatin1Char('/') + png.completeBaseName() + QStringLiteral("-plot.png");
+        if (window.runView()->exportPng(plot))
+            std::printf("demo: plot written to %s\n",
+                        qPrintable(QFileInfo(plot).absoluteFilePath()));
         QTimer::singleShot(100, &loop, &QEventLoop::quit);
     });
     limit.start(60000);

@@ -414,7 +414,7 @@ void MainWindow::showRunView()
                          - m_dialog->minimumHeight();
         m_runDock->show();
         resizeDocks(
-            {m_runDock}, {room < smallestRunView ? 0 : qMin(room, runViewHeight)}, Qt::Vertical);
+            {m_runDock}, {room < smallestRunView ? 1 : qMin(room, runViewHeight)}, Qt::Vertical);
         // A sequence plot squeezed to a sliver says nothing; the table takes its place.
         QTimer::singleShot(0, this, [this] {
             auto *shown = qobject_cast<QSplitter *>(m_dialog->control(

@@ -55,7 +55,8 @@ RunView::RunView(RunSession *session,
     , m_plot(new QCustomPlot(this))
 {
     m_sequences->setObjectName(QStringLiteral("runSequence"));
-    m_sequences->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_sequences->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_sequences->setMinimumContentsLength(22);
     m_sequences->setToolTip(tr("The sequences the instrument holds as this program uploaded and "
                                "verified them since it connected"));
     m_run->setObjectName(QStringLiteral("runButton"));
@@ -69,8 +70,10 @@ RunView::RunView(RunSession *session,
                          "sequence and date"));
     m_progress->setObjectName(QStringLiteral("runProgress"));
     m_note->setObjectName(QStringLiteral("runNote"));
-    m_note->setMinimumWidth(0);
+    // The two texts give way to the buttons on a narrow window; each is whole in its tool tip.
     m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_progress->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_progress->setMinimumWidth(fontMetrics().averageCharWidth() * 24);
     m_note->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     // One line of controls and what they did, so that the plot keeps the height of a short
@@ -80,7 +83,7 @@ RunView::RunView(RunSession *session,
     controls->addWidget(m_run);
     controls->addWidget(m_stop);
     controls->addSpacing(8);
-    controls->addWidget(m_progress);
+    controls->addWidget(m_progress, 2);
     controls->addSpacing(16);
     controls->addWidget(m_note, 1);
     controls->addWidget(m_csv);
@@ -196,7 +199,7 @@ void RunView::selectionChanged()
     m_planVoltage = m_planCurrent = m_measuredVoltage = m_measuredCurrent = nullptr;
     m_cursor = nullptr;
     if (!sequence) {
-        m_progress->clear();
+        showProgress(QString());
         m_plot->legend->setVisible(false);
         m_plot->yAxis->setLabel(QString());
         m_plot->yAxis2->setVisible(false);
@@ -243,7 +246,7 @@ void RunView::runSelected()
     const QPoint key = m_sequences->currentData().toPoint();
     if (key.x() == 0 || m_session->isRunning())
         return;
-    m_progress->setText(tr("Starting..."));
+    showProgress(tr("Starting..."));
     showNote(QString(), false);
     m_session->start(key.x(), key.y() != 0);
 }
@@ -406,34 +409,39 @@ void RunView::updateLabels(const UploadedSequence &sequence, const RunSample *sa
     const QString cycles
         = sequence.cycles == 0 ? QStringLiteral("\u221e") : QString::number(sequence.cycles);
     if (!sample || sample->step == 0) {
-        m_progress->setText(
-            tr("Not running · %1 steps, %2 per cycle, %3 in all")
-                .arg(sequence.stepCount())
-                .arg(tr("%1 s").arg(QString::number(cycleSeconds, 'f', m_timeDecimals)))
-                .arg(total));
+        showProgress(tr("Not running · %1 steps, %2 per cycle, %3 in all")
+                         .arg(sequence.stepCount())
+                         .arg(tr("%1 s").arg(QString::number(cycleSeconds, 'f', m_timeDecimals)))
+                         .arg(total));
         return;
     }
     // The instrument counts its steps from 1; the editor's "No." column from 0.
-    m_progress->setText(tr("Step No. %1 of %2 steps · cycle %3 of %4 · %5 s of %6")
-                            .arg(sample->step - 1)
-                            .arg(sequence.stepCount())
-                            .arg(sample->cycle)
-                            .arg(cycles)
-                            .arg(QString::number(sample->time, 'f', m_timeDecimals))
-                            .arg(total));
+    showProgress(tr("Step No. %1 of %2 steps · cycle %3 of %4 · %5 s of %6")
+                     .arg(sample->step - 1)
+                     .arg(sequence.stepCount())
+                     .arg(sample->cycle)
+                     .arg(cycles)
+                     .arg(QString::number(sample->time, 'f', m_timeDecimals))
+                     .arg(total));
 }
 
 void RunView::ended(const QString &message, bool failed)
 {
     showNote(message, failed);
     if (m_session->trace().samples().isEmpty())
-        m_progress->clear();
+        showProgress(QString());
     else
         updateLabels(m_session->current(), nullptr);
     if (m_cursor)
         m_cursor->setVisible(false);
     updateButtons();
     m_plot->replot();
+}
+
+void RunView::showProgress(const QString &text)
+{
+    m_progress->setText(text);
+    m_progress->setToolTip(text);
 }
 
 void RunView::showNote(const QString &text, bool failed)

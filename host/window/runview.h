@@ -64,6 +64,7 @@ private:
     void refreshSequences();
     void selectionChanged();
     void showNote(const QString &text, bool failed);
+    void showProgress(const QString &text);
     const UploadedSequence *shown() const;
     void started();
     void addSample(const RunSample &sample);
