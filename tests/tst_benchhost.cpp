@@ -344,7 +344,7 @@ void TestBenchHost::instrumentLimitsRefuseBeforeAnyStep()
 
     const UploadOutcome outcome = bench.upload(UploadMode::List);
     QCOMPARE(outcome.message,
-             QStringLiteral("Not uploaded: 1 step cannot be sent to CH1; the first is step 3: ")
+             QStringLiteral("Not uploaded: 1 step cannot be sent to CH1; the first is step No. 3: ")
                  + problem);
     QCOMPARE(bench.selectedRow(UploadMode::List), 3);
     for (const QByteArray &line : sent(traffic))

@@ -64,6 +64,7 @@ private slots:
     void saveThatWouldNotLoadBackAsksFirst_data();
     void saveThatWouldNotLoadBackAsksFirst();
     void saveAddsExtensionAndRemembersFolder();
+    void tabKeepsItsOwnMessage();
     void writeErrorNamesPathAndReason();
     void escapeNeverClosesTheDialog_data();
     void escapeNeverClosesTheDialog();
@@ -275,14 +276,36 @@ void TestSafeEditing::saveThatWouldNotLoadBackAsksFirst()
     QVERIFY(QFile::exists(accepted));
 }
 
+// The title names the tab's file and marks changes not saved in it.
 void TestSafeEditing::saveAddsExtensionAndRemembersFolder()
 {
     append(UploadMode::List);
+    QVERIFY(m_window->isWindowModified());
     m_prompter.paths << m_dir.filePath(QStringLiteral("plain"));
     QVERIFY(m_window->sequenceFiles()->save(UploadMode::List));
     QVERIFY(QFile::exists(m_dir.filePath(QStringLiteral("plain.csv"))));
     QCOMPARE(SequenceFiles::lastFolder(), QDir(m_dir.path()).absolutePath());
     QVERIFY(!m_window->sequenceEditor()->history(UploadMode::List)->isModified());
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("plain.csv[*] — Bench Sequence Programmer"));
+    QVERIFY(!m_window->isWindowModified());
+    m_dialog->setCurrentMode(UploadMode::Delayer);
+    QCOMPARE(m_window->windowTitle(),
+             QStringLiteral("Untitled Delayer[*] — Bench Sequence Programmer"));
+}
+
+// A message about the List stays with the List: the Delayer tab does not show it, and it is there
+// again on the way back.
+void TestSafeEditing::tabKeepsItsOwnMessage()
+{
+    append(UploadMode::List);
+    m_prompter.paths << m_dir.filePath(QStringLiteral("kept.csv"));
+    QVERIFY(m_window->sequenceFiles()->save(UploadMode::List));
+    const QString saved = m_dialog->statusMessage();
+    QVERIFY(saved.startsWith(QStringLiteral("Saved 30 steps to ")));
+    m_dialog->setCurrentMode(UploadMode::Delayer);
+    QCOMPARE(m_dialog->statusMessage(), QString());
+    m_dialog->setCurrentMode(UploadMode::List);
+    QCOMPARE(m_dialog->statusMessage(), saved);
 }
 
 void TestSafeEditing::writeErrorNamesPathAndReason()

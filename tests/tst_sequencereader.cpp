@@ -320,7 +320,7 @@ void TestSequenceReader::preflightCountsBadStepsAndNamesTheFirst()
     QCOMPARE(check.badCount, 2);
     QCOMPARE(check.firstBad, 1);
     QCOMPARE(check.refusal(),
-             QStringLiteral("Not uploaded: 2 steps cannot be sent to CH1; the first is step 1: "
+             QStringLiteral("Not uploaded: 2 steps cannot be sent to CH1; the first is step No. 1: "
                             "time 0 s is below the shortest step of 0.001 s"));
 }
 

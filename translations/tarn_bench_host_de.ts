@@ -196,12 +196,12 @@
         <translation>Ungespeicherte Sequenz</translation>
     </message>
     <message>
-        <source>Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3</source>
-        <translation>Nicht übertragen: Schritt %2 kann nicht an %1 gesendet werden: %3</translation>
+        <source>Not uploaded: 1 step cannot be sent to %1; the first is step No. %2: %3</source>
+        <translation>Nicht übertragen: Schritt Nr. %2 kann nicht an %1 gesendet werden: %3</translation>
     </message>
     <message>
-        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4</source>
-        <translation>Nicht übertragen: %1 Schritte können nicht an %2 gesendet werden; der erste ist Schritt %3: %4</translation>
+        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step No. %3: %4</source>
+        <translation>Nicht übertragen: %1 Schritte können nicht an %2 gesendet werden; der erste ist Schritt Nr. %3: %4</translation>
     </message>
     <message numerus="yes">
         <source>Add %n steps</source>

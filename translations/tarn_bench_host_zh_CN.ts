@@ -196,12 +196,12 @@
         <translation>未保存的序列</translation>
     </message>
     <message>
-        <source>Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3</source>
-        <translation>未上传：第 %2 步无法发送到 %1：%3</translation>
+        <source>Not uploaded: 1 step cannot be sent to %1; the first is step No. %2: %3</source>
+        <translation>未上传：第 %2 号步骤无法发送到 %1：%3</translation>
     </message>
     <message>
-        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4</source>
-        <translation>未上传：有 %1 步无法发送到 %2；第一个是第 %3 步：%4</translation>
+        <source>Not uploaded: %1 steps cannot be sent to %2; the first is step No. %3: %4</source>
+        <translation>未上传：有 %1 步无法发送到 %2；第一个是第 %3 号步骤：%4</translation>
     </message>
     <message numerus="yes">
         <source>Add %n steps</source>

@@ -48,9 +48,10 @@ QString Preflight::refusal() const
     // A whole sentence for one step and one for several, so that each language can make the
     // count, the noun and the verb agree.
     if (badCount == 1)
-        return QObject::tr("Not uploaded: 1 step cannot be sent to %1; the first is step %2: %3")
+        return QObject::tr(
+                   "Not uploaded: 1 step cannot be sent to %1; the first is step No. %2: %3")
             .arg(channelName, QString::number(firstBad), firstProblem);
-    return QObject::tr("Not uploaded: %1 steps cannot be sent to %2; the first is step %3: %4")
+    return QObject::tr("Not uploaded: %1 steps cannot be sent to %2; the first is step No. %3: %4")
         .arg(QString::number(badCount), channelName, QString::number(firstBad), firstProblem);
 }
 
