@@ -557,15 +557,15 @@ qint64 HistoryStore::usedBytes()
 int HistoryStore::trim(qint64 limit, bool keepUnsent)
 {
     int removed = 0;
-    // Bounded by the records there are: each round removes at least one.
-    for (int round = 0; round < 1000000 && usedBytes() > limit; ++round) {
+    // Each round removes at least one record or ends: bounded by the records there are.
+    while (usedBytes() > limit) {
         if (!begin())
             return removed;
         QSqlQuery q(database());
         // Runs first, oldest first; a run still being recorded is never removed.
         q.prepare(QStringLiteral(
             "SELECT id FROM records WHERE outcome <> 'running' AND (sent = 1 OR ? = 0) "
-            "ORDER BY CASE WHEN kind = 'run' THEN 0 ELSE 1 END, started, id LIMIT 16"));
+            "ORDER BY CASE WHEN kind = 'run' THEN 0 ELSE 1 END, started, id LIMIT 64"));
         q.addBindValue(keepUnsent ? 1 : 0);
         if (!q.exec()) {
             fail(q);
@@ -575,24 +575,22 @@ int HistoryStore::trim(qint64 limit, bool keepUnsent)
         while (q.next())
             ids.append(q.value(0).toLongLong());
         q.finish();
-        if (ids.isEmpty()) {
-            database().rollback();
-            return removed;
-        }
-        for (const qint64 id : qAsConst(ids)) {
+        bool fits = false;
+        for (int i = 0; i < ids.size() && !fits; ++i) {
             for (const char *sql : {"DELETE FROM trace_chunks WHERE record_id = ?",
                                     "DELETE FROM records WHERE id = ?"}) {
                 q.prepare(QLatin1String(sql));
-                q.addBindValue(id);
+                q.addBindValue(ids.at(i));
                 if (!q.exec()) {
                     fail(q);
                     return removed;
                 }
             }
+            ++removed;
+            fits = usedBytes() <= limit;
         }
-        if (!commit())
+        if (!commit() || ids.isEmpty())
             return removed;
-        removed += ids.size();
     }
     return removed;
 }
