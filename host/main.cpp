@@ -81,7 +81,12 @@ int main(int argc, char *argv[])
                                                  "given).")
                                       .arg(availableLanguages().join(QStringLiteral(", "))),
                                   QStringLiteral("language"));
-    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size, lang});
+    const QCommandLineOption history(QStringLiteral("history"),
+                                     QStringLiteral("Record into this history file or "
+                                                    "postgresql://user@host/db (default: the "
+                                                    "setting, or the user's history file)."),
+                                     QStringLiteral("location"));
+    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size, lang, history});
     parser.addPositionalArgument(QStringLiteral("file"),
                                  QStringLiteral("A List or Delayer sequence file to open (with "
                                                 "--demo: to upload instead of the Sine)."),
@@ -125,6 +130,7 @@ int main(int argc, char *argv[])
     if (parser.isSet(screenshot))
         return renderScreenshot(window, parser.value(screenshot), parser.value(tab), windowSize);
 
+    window.openHistory(parser.value(history));
     window.resize(windowSize);
     window.show();
     if (!sequenceFile.isEmpty())

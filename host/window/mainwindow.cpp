@@ -1,5 +1,6 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
+#include "historydock.h"
 
 #include "instrumentoption.h"
 #include "instrumentstatusview.h"
@@ -168,13 +169,13 @@ void MainWindow::createMenus()
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
 
-    QMenu *view = menuBar()->addMenu(tr("&View"));
+    m_viewMenu = menuBar()->addMenu(tr("&View"));
     QAction *traffic = m_trafficDock->toggleViewAction();
     traffic->setText(tr("Command &Traffic"));
-    view->addAction(traffic);
+    m_viewMenu->addAction(traffic);
     QAction *run = m_runDock->toggleViewAction();
     run->setText(tr("&Run View"));
-    view->addAction(run);
+    m_viewMenu->addAction(run);
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, &MainWindow::showAbout);
@@ -218,6 +219,16 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
             &BenchController::uploadEnded,
             this,
             [this](const UploadOutcome &outcome) { statusBar()->showMessage(outcome.message); });
+}
+
+void MainWindow::openHistory(const QString &location)
+{
+    delete m_historyDock;
+    m_historyDock = new HistoryDock(this, m_files->description(), location);
+    addDockWidget(Qt::RightDockWidgetArea, m_historyDock);
+    QAction *toggle = m_historyDock->toggleViewAction();
+    toggle->setText(tr("&History"));
+    m_viewMenu->addAction(toggle);
 }
 
 void MainWindow::showRunView()

@@ -37,6 +37,8 @@ public:
     bool exportCsv(const QString &path, QString *error) const;
     bool exportPng(const QString &path) const;
     QString statusText() const;
+    // For drawing recorded runs while no run goes on; the next run draws its own again.
+    QCustomPlot *plot() const { return m_plot; }
 
 private:
     void runSelected();

@@ -50,6 +50,7 @@ public:
     SequenceContent current(UploadMode mode) const;
     StepLimits limits(UploadMode mode) const;
     int maxCount() const { return m_description.maxCount; }
+    const sim::InstrumentDescription &description() const { return m_description; }
 
     // The folder file dialogs start in: the one of the last file opened or saved.
     static QString lastFolder();
