@@ -127,10 +127,10 @@ int main(int argc, char *argv[])
                        sequenceFile);
 
     MainWindow window(description, *commands);
+    window.openHistory(parser.value(history));
     if (parser.isSet(screenshot))
         return renderScreenshot(window, parser.value(screenshot), parser.value(tab), windowSize);
 
-    window.openHistory(parser.value(history));
     window.resize(windowSize);
     window.show();
     if (!sequenceFile.isEmpty())

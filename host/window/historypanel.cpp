@@ -50,6 +50,7 @@ HistoryPanel::HistoryPanel(history::History *history,
 {
     m_instrument->setObjectName(QStringLiteral("historyInstrument"));
     m_instrument->setPlaceholderText(tr("Instrument"));
+    m_instrument->setMinimumWidth(140);
     m_channel->setObjectName(QStringLiteral("historyChannel"));
     m_channel->setRange(0, qMax(1, description.channels.size()));
     m_channel->setSpecialValueText(tr("Any channel"));
@@ -74,11 +75,13 @@ HistoryPanel::HistoryPanel(history::History *history,
     m_text->setObjectName(QStringLiteral("historyText"));
     m_text->setPlaceholderText(tr("Search"));
     m_text->setClearButtonEnabled(true);
+    m_text->setMinimumWidth(140);
     m_table->setObjectName(QStringLiteral("historyTable"));
     m_table->setModel(m_model);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->verticalHeader()->hide();
     m_open->setObjectName(QStringLiteral("historyOpen"));
     m_open->setToolTip(tr("Put the record's sequence into its tab, as one change to undo"));

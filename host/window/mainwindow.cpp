@@ -225,7 +225,8 @@ void MainWindow::openHistory(const QString &location)
 {
     delete m_historyDock;
     m_historyDock = new HistoryDock(this, m_files->description(), location);
-    addDockWidget(Qt::RightDockWidgetArea, m_historyDock);
+    addDockWidget(Qt::BottomDockWidgetArea, m_historyDock);
+    m_historyDock->hide();
     QAction *toggle = m_historyDock->toggleViewAction();
     toggle->setText(tr("&History"));
     m_viewMenu->addAction(toggle);
