@@ -170,22 +170,31 @@ bool HistoryStore::openSqlite(const QString &path)
 
 HistoryStore::Found HistoryStore::inspect()
 {
+    // Cheap enough for every start of the command line however long the history: the header,
+    // the schema and the tables' roots are read, not every page. A page damaged deeper down
+    // fails the one record that lives on it, not the whole history.
     QSqlQuery q(database());
-    if (!q.exec(QStringLiteral("PRAGMA quick_check")) || !q.next()
-        || q.value(0).toString() != QLatin1String("ok"))
-        return Found::Damaged;
+    const auto failed = [&q] {
+        // Another process holding the file for longer than the busy timeout is not damage.
+        const QString code = q.lastError().nativeErrorCode();
+        return code == QLatin1String("5") || code == QLatin1String("6") ? Found::Busy
+                                                                        : Found::Damaged;
+    };
     if (!q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master")) || !q.next())
-        return Found::Damaged;
+        return failed();
     if (q.value(0).toInt() == 0)
         return Found::Empty;
     if (!q.exec(QStringLiteral("PRAGMA application_id")) || !q.next())
-        return Found::Damaged;
+        return failed();
     if (q.value(0).toInt() != schema::applicationId)
         return Found::Foreign;
     if (!q.exec(QStringLiteral("SELECT value FROM history_meta WHERE name = 'schema'"))
         || !q.next())
-        return Found::Damaged;
-    return q.value(0).toInt() > schema::current ? Found::Newer : Found::Ours;
+        return failed();
+    const int version = q.value(0).toInt();
+    if (!q.exec(QStringLiteral("SELECT max(id) FROM records")) || !q.next())
+        return failed();
+    return version > schema::current ? Found::Newer : Found::Ours;
 }
 
 void HistoryStore::setAside(const QString &path, const QString &why)
@@ -226,6 +235,11 @@ bool HistoryStore::openFile(const QString &path)
     if (!openSqlite(path))
         return false;
     const Found found = inspect();
+    if (found == Found::Busy) {
+        m_error = tr("%1 is held by another program for too long; nothing was changed").arg(path);
+        database().close();
+        return false;
+    }
     if (found == Found::Newer) {
         m_error = tr("%1 was written by a newer version of the bench tools; it is left as it is")
                       .arg(path);
@@ -460,6 +474,7 @@ bool HistoryStore::markSent(qint64 id)
 
 QList<HistoryRecord> HistoryStore::list(const HistoryFilter &filter)
 {
+    m_error.clear();
     QStringList where;
     QVariantList values;
     if (!filter.instrument.isEmpty()) {

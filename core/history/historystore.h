@@ -67,7 +67,7 @@ public:
 
 private:
     bool openSqlite(const QString &path);
-    enum class Found { Ours, Empty, Foreign, Damaged, Newer };
+    enum class Found { Ours, Empty, Foreign, Damaged, Newer, Busy };
     Found inspect();
     void setAside(const QString &path, const QString &why);
     bool prepare();
