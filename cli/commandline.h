@@ -71,5 +71,6 @@ ExitStatus identify(const QStringList &arguments);
 ExitStatus upload(const QStringList &arguments);
 ExitStatus run(const QStringList &arguments);
 ExitStatus stop(const QStringList &arguments);
+ExitStatus history(const QStringList &arguments);
 
 } // namespace tarn::cli

@@ -3,6 +3,7 @@
 #include "reporter.h"
 #include "rig.h"
 
+#include <history.h>
 #include <statusmonitor.h>
 
 #include <QEventLoop>
@@ -52,6 +53,43 @@ struct RunOptions
             return std::nullopt;
         }
         return line.number(seconds, 0.0, 0.001, 1.0e7);
+    }
+};
+
+// Where uploads and runs are recorded: the history the setting names unless told otherwise.
+struct HistoryOptions
+{
+    QCommandLineOption location{QStringLiteral("history"),
+                                QStringLiteral("Record into this history file or "
+                                               "postgresql://user@host/db (default: the setting, "
+                                               "or the user's history file)."),
+                                QStringLiteral("location")};
+    QCommandLineOption off{QStringLiteral("no-history"),
+                           QStringLiteral("Record nothing in the history.")};
+
+    void addTo(QCommandLineParser &parser) { parser.addOptions({location, off}); }
+
+    // A history that cannot be opened is told on stderr; the instrument's work goes on without.
+    std::unique_ptr<history::History> open(CommandLine &line, Rig &rig)
+    {
+        if (line.parser().isSet(off))
+            return nullptr;
+        QString error;
+        const auto where = history::HistoryLocation::parse(line.parser().value(location), &error);
+        if (!where) {
+            line.reporter().error(QStringLiteral("nothing is recorded: %1").arg(error));
+            return nullptr;
+        }
+        auto opened = std::make_unique<history::History>(*where);
+        const bool ok = opened->open();
+        for (const QString &notice : opened->takeNotices())
+            line.reporter().error(notice);
+        if (!ok) {
+            line.reporter().error(QStringLiteral("nothing is recorded: %1").arg(opened->error()));
+            return nullptr;
+        }
+        rig.recordInto(opened.get());
+        return opened;
     }
 };
 
@@ -149,8 +187,10 @@ ExitStatus upload(const QStringList &arguments)
     const QCommandLineOption runAfter(QStringLiteral("run"),
                                       QStringLiteral("Run the sequence once it is verified."));
     RunOptions runOptions;
+    HistoryOptions historyOptions;
     p.addOptions({connectTo, channel, runAfter});
     runOptions.addTo(p);
+    historyOptions.addTo(p);
     p.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The sequence file."));
     if (const auto ended = line.parse(arguments))
         return *ended;
@@ -168,6 +208,7 @@ ExitStatus upload(const QStringList &arguments)
     if (!content)
         return BadFile;
     Rig rig(line.description(), line.commands(), line.reporter());
+    const std::unique_ptr<history::History> recorded = historyOptions.open(line, rig);
     const ExitStatus connected = rig.connectTo(p.value(connectTo));
     if (connected != Success)
         return connected;
@@ -201,8 +242,10 @@ ExitStatus run(const QStringList &arguments)
     const QCommandLineOption delayer(QStringLiteral("delayer"),
                                      QStringLiteral("Run the Delayer sequence, not the List."));
     RunOptions runOptions;
+    HistoryOptions historyOptions;
     p.addOptions({connectTo, channel, delayer});
     runOptions.addTo(p);
+    historyOptions.addTo(p);
     if (const auto ended = line.parse(arguments))
         return *ended;
     if (!p.isSet(connectTo))
@@ -212,6 +255,7 @@ ExitStatus run(const QStringList &arguments)
     if (!ch || !seconds)
         return Usage;
     Rig rig(line.description(), line.commands(), line.reporter());
+    const std::unique_ptr<history::History> recorded = historyOptions.open(line, rig);
     const ExitStatus connected = rig.connectTo(p.value(connectTo));
     if (connected != Success)
         return connected;

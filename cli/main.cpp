@@ -25,10 +25,17 @@ Commands:
                               run what the channel holds and record the trace
   stop --connect ADDRESS [--channel N]
                               stop the channel's sequences
+  history list [--channel N] [--outcome WORD] [--since DATE] [--text TEXT] ...
+                              list the recorded uploads and runs, newest first
+  history show RECORD         tell one record (R12 for a run, U7 for an upload)
+  history export RECORD [--sequence FILE] [--trace FILE]
+                              write a record's sequence file and a run's trace
 
 Each command takes --help, --json (one JSON object per line on stdout), -q and
 --instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT], serial:DEVICE,
 sim:. Ctrl-C during an upload or a run stops the instrument's sequence first.
+Uploads and runs are recorded in the history (--history FILE or postgresql://user@host/db,
+--no-history).
 
 Exit status:
   0    success
@@ -69,6 +76,7 @@ int main(int argc, char *argv[])
         {QStringLiteral("upload"), &upload},
         {QStringLiteral("run"), &run},
         {QStringLiteral("stop"), &stop},
+        {QStringLiteral("history"), &history},
     };
     const auto found = commands.find(command);
     if (found == commands.end()) {

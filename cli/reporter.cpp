@@ -81,6 +81,16 @@ void Reporter::progress(int done, int total)
     m_barShown = true;
 }
 
+void Reporter::record(const QString &text, QJsonObject fields)
+{
+    if (m_json) {
+        fields.insert(QStringLiteral("type"), QStringLiteral("record"));
+        line(fields);
+    } else if (!m_quiet) {
+        std::printf("%s\n", qPrintable(text));
+    }
+}
+
 void Reporter::result(bool ok, const QString &text, QJsonObject fields)
 {
     if (m_json) {

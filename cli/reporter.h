@@ -20,6 +20,8 @@ public:
     // -1 for a problem of the file as a whole.
     void problem(int row, const QString &text);
     void progress(int done, int total);
+    // One found record: a line of text, or {"type": "record", ...}.
+    void record(const QString &text, QJsonObject fields);
     void result(bool ok, const QString &text, QJsonObject fields = {});
     void error(const QString &text);
 

@@ -4,6 +4,7 @@
 #include "reporter.h"
 
 #include <commandchannel.h>
+#include <historyrecorder.h>
 #include <linkfactory.h>
 #include <replyparser.h>
 
@@ -101,6 +102,15 @@ Rig::Rig(const sim::InstrumentDescription &description,
 }
 
 Rig::~Rig() = default;
+
+void Rig::recordInto(history::History *history)
+{
+    auto *recorder = new history::HistoryRecorder(history, m_description, this);
+    recorder->watch(&m_connection, &m_upload, &m_run);
+    connect(recorder, &history::HistoryRecorder::problem, this, [this](const QString &message) {
+        m_reporter.error(message);
+    });
+}
 
 ExitStatus Rig::connectTo(const QString &address)
 {

@@ -13,6 +13,10 @@
 
 #include <optional>
 
+namespace tarn::history {
+class History;
+} // namespace tarn::history
+
 namespace tarn::cli {
 
 class Reporter;
@@ -35,6 +39,9 @@ public:
     ExitStatus connectTo(const QString &address);
     host::InstrumentConnection &connection() { return m_connection; }
     const sim::InstrumentDescription &description() const { return m_description; }
+
+    // Records every upload and run from here on into `history`, which outlives the rig.
+    void recordInto(history::History *history);
 
     ExitStatus upload(const host::SequenceContent &content, int channel);
     // Runs what the channel holds: the sequence just uploaded, or the one read back from it.

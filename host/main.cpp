@@ -51,6 +51,7 @@ struct Options
     QString tab;
     QString language;
     QString file;
+    QString history;
     QSize size;
 };
 
@@ -102,7 +103,12 @@ int readOptions(const QCoreApplication &app, Options *options)
                                                  "given).")
                                       .arg(availableLanguages().join(QStringLiteral(", "))),
                                   QStringLiteral("language"));
-    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size, lang});
+    const QCommandLineOption history(QStringLiteral("history"),
+                                     QStringLiteral("Record into this history file or "
+                                                    "postgresql://user@host/db (default: the "
+                                                    "setting, or the user's history file)."),
+                                     QStringLiteral("location"));
+    parser.addOptions({connectTo, instrument, demo, screenshot, tab, size, lang, history});
     parser.addPositionalArgument(QStringLiteral("file"),
                                  QStringLiteral("A List or Delayer sequence file to open (with "
                                                 "--demo: to upload instead of the Sine)."),
@@ -116,6 +122,7 @@ int readOptions(const QCoreApplication &app, Options *options)
     options->tab = parser.value(tab);
     options->language = parser.value(lang);
     options->file = parser.positionalArguments().value(0);
+    options->history = parser.value(history);
     if (parser.positionalArguments().size() > 1)
         return fail(QStringLiteral("one sequence file at a time, not %1")
                         .arg(parser.positionalArguments().join(QLatin1Char(' '))));
@@ -181,6 +188,7 @@ int main(int argc, char *argv[])
     MainWindow window(description, *commands);
     if (const QString refusal = window.sizeRefusal(options.size); !refusal.isEmpty())
         return fail(refusal);
+    window.openHistory(options.history);
     if (!options.screenshot.isEmpty())
         return renderScreenshot(window, options.screenshot, options.tab, options.size);
 

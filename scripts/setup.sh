@@ -11,6 +11,7 @@ packages=(
     xvfb xauth
     clang libclang-rt-14-dev
     python3-pyvisa-py socat
+    libqt5sql5-sqlite libqt5sql5-psql postgresql
 )
 
 missing=()

@@ -234,6 +234,41 @@
     </message>
 </context>
 <context>
+    <name>TraceOverlay</name>
+    <message>
+        <source>Plan of %1</source>
+        <translation>Plan von %1</translation>
+    </message>
+    <message>
+        <source>Planned current of %1</source>
+        <translation>Geplanter Strom von %1</translation>
+    </message>
+    <message>
+        <source>Voltage of %1</source>
+        <translation>Spannung von %1</translation>
+    </message>
+    <message>
+        <source>Output of %1</source>
+        <translation>Ausgang von %1</translation>
+    </message>
+    <message>
+        <source>Current of %1</source>
+        <translation>Strom von %1</translation>
+    </message>
+    <message>
+        <source>Voltage (V)</source>
+        <translation>Spannung (V)</translation>
+    </message>
+    <message>
+        <source>Output (1 = On)</source>
+        <translation>Ausgang (1 = ein)</translation>
+    </message>
+    <message>
+        <source>Current (A)</source>
+        <translation>Strom (A)</translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::BenchController</name>
     <message>
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
@@ -249,6 +284,159 @@
     <message>
         <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
         <translation>Die Sequenzen „Liste“ und „Delayer“ wurden seit dem letzten Speichern oder Laden geändert. Vor dem Schließen speichern?</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryDock</name>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: %1</source>
+        <translation>Es wird nichts aufgezeichnet: %1</translation>
+    </message>
+    <message>
+        <source>The sequence of %1 is in the %2 tab; Undo puts back what was there</source>
+        <translation>Die Sequenz von %1 steht im Reiter %2; Rückgängig stellt den vorherigen Inhalt wieder her</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>Delayer</translation>
+    </message>
+    <message>
+        <source>A run is going on; plot recorded runs once it has ended</source>
+        <translation>Eine Ausführung läuft; aufgezeichnete Läufe erst nach ihrem Ende zeichnen</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryModel</name>
+    <message>
+        <source>Run</source>
+        <translation>Ausführen</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>Delayer</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Eintrag</translation>
+    </message>
+    <message>
+        <source>Started</source>
+        <translation>Begonnen</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>Schritte</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryPanel</name>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>Zeichnen</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren...</translation>
+    </message>
+    <message>
+        <source>Instrument</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Any channel</source>
+        <translation>Jeder Kanal</translation>
+    </message>
+    <message>
+        <source>Any outcome</source>
+        <translation>Jedes Ergebnis</translation>
+    </message>
+    <message>
+        <source>Any date</source>
+        <translation>Jedes Datum</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Put the record&apos;s sequence into its tab, as one change to undo</source>
+        <translation>Die Sequenz des Eintrags in ihren Reiter setzen, als eine rückgängig zu machende Änderung</translation>
+    </message>
+    <message>
+        <source>Draw a run over its plan, or two runs over each other, in the run view</source>
+        <translation>Einen Lauf über seinem Plan oder zwei Läufe übereinander in der Ausführungsansicht zeichnen</translation>
+    </message>
+    <message>
+        <source>Save the sequence file, and a run&apos;s trace beside it</source>
+        <translation>Die Sequenzdatei speichern und daneben die Messkurve eines Laufs</translation>
+    </message>
+    <message>
+        <source>The newest %1 records that match</source>
+        <translation>Die neuesten %1 passenden Einträge</translation>
+    </message>
+    <message>
+        <source>Select one record to export</source>
+        <translation>Einen Eintrag zum Exportieren auswählen</translation>
+    </message>
+    <message>
+        <source>Cannot write %1</source>
+        <translation>%1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>%1 exportieren</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV-Dateien (*.csv)</translation>
+    </message>
+    <message>
+        <source>Wrote %1 and %2</source>
+        <translation>%1 und %2 geschrieben</translation>
+    </message>
+    <message>
+        <source>Wrote %1</source>
+        <translation>%1 geschrieben</translation>
     </message>
 </context>
 <context>
@@ -492,6 +680,10 @@
     <message>
         <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Built with Qt %2 (running on Qt %3) and QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Instrument: %5&lt;/p&gt;</source>
         <translation>&lt;p&gt;&lt;b&gt;Sequenzprogrammierer für Labornetzteile %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programmiert die Listen- und Delayer-Sequenzen mehrkanaliger Labornetzteile, überträgt sie mit Prüfung durch Rücklesen und speichert sie in CSV-Dateien.&lt;/p&gt;&lt;p&gt;Erstellt mit Qt %2 (läuft mit Qt %3) und QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Gerät: %5&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>&amp;Verlauf</translation>
     </message>
 </context>
 <context>

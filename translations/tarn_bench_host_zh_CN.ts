@@ -231,6 +231,41 @@
     </message>
 </context>
 <context>
+    <name>TraceOverlay</name>
+    <message>
+        <source>Plan of %1</source>
+        <translation>%1 的计划</translation>
+    </message>
+    <message>
+        <source>Planned current of %1</source>
+        <translation>%1 的计划电流</translation>
+    </message>
+    <message>
+        <source>Voltage of %1</source>
+        <translation>%1 的电压</translation>
+    </message>
+    <message>
+        <source>Output of %1</source>
+        <translation>%1 的输出</translation>
+    </message>
+    <message>
+        <source>Current of %1</source>
+        <translation>%1 的电流</translation>
+    </message>
+    <message>
+        <source>Voltage (V)</source>
+        <translation>电压 (V)</translation>
+    </message>
+    <message>
+        <source>Output (1 = On)</source>
+        <translation>输出 (1 = 开)</translation>
+    </message>
+    <message>
+        <source>Current (A)</source>
+        <translation>电流 (A)</translation>
+    </message>
+</context>
+<context>
     <name>tarn::host::BenchController</name>
     <message>
         <source>%1 (%2 of %3 steps sent; the instrument holds no more)</source>
@@ -246,6 +281,159 @@
     <message>
         <source>The List and Delayer sequences have changed since they were last saved or loaded. Save them before closing?</source>
         <translation>列表序列和延时器序列自上次保存或加载以来已更改。是否在关闭前保存？</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryDock</name>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+    <message>
+        <source>Nothing is recorded: %1</source>
+        <translation>不记录任何内容：%1</translation>
+    </message>
+    <message>
+        <source>The sequence of %1 is in the %2 tab; Undo puts back what was there</source>
+        <translation>%1 的序列已放入 %2 标签页；撤销可恢复原来的内容</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>延时器</translation>
+    </message>
+    <message>
+        <source>A run is going on; plot recorded runs once it has ended</source>
+        <translation>正在运行；请在运行结束后再绘制已记录的运行</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryModel</name>
+    <message>
+        <source>Run</source>
+        <translation>运行</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>Delayer</source>
+        <translation>延时器</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>记录</translation>
+    </message>
+    <message>
+        <source>Started</source>
+        <translation>开始时间</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>通道</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>步数</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>工位</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>消息</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::HistoryPanel</name>
+    <message>
+        <source>Open in Editor</source>
+        <translation>在编辑器中打开</translation>
+    </message>
+    <message>
+        <source>Plot</source>
+        <translation>绘图</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>导出...</translation>
+    </message>
+    <message>
+        <source>Instrument</source>
+        <translation>仪器</translation>
+    </message>
+    <message>
+        <source>Any channel</source>
+        <translation>任意通道</translation>
+    </message>
+    <message>
+        <source>Any outcome</source>
+        <translation>任意结果</translation>
+    </message>
+    <message>
+        <source>Any date</source>
+        <translation>任意日期</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>Put the record&apos;s sequence into its tab, as one change to undo</source>
+        <translation>将记录的序列放入其标签页，作为一次可撤销的更改</translation>
+    </message>
+    <message>
+        <source>Draw a run over its plan, or two runs over each other, in the run view</source>
+        <translation>在运行视图中将一次运行叠加在其计划上，或将两次运行相互叠加</translation>
+    </message>
+    <message>
+        <source>Save the sequence file, and a run&apos;s trace beside it</source>
+        <translation>保存序列文件，并在旁边保存运行的曲线</translation>
+    </message>
+    <message>
+        <source>The newest %1 records that match</source>
+        <translation>最新的 %1 条匹配记录</translation>
+    </message>
+    <message>
+        <source>Select one record to export</source>
+        <translation>请选择一条要导出的记录</translation>
+    </message>
+    <message>
+        <source>Cannot write %1</source>
+        <translation>无法写入 %1</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>导出 %1</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>CSV 文件 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Wrote %1 and %2</source>
+        <translation>已写入 %1 和 %2</translation>
+    </message>
+    <message>
+        <source>Wrote %1</source>
+        <translation>已写入 %1</translation>
     </message>
 </context>
 <context>
@@ -488,6 +676,10 @@
     <message>
         <source>&lt;p&gt;&lt;b&gt;Bench Sequence Programmer %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Programs the List and Delayer sequences of multi-channel bench supplies, uploads them with read-back verification and keeps them in CSV files.&lt;/p&gt;&lt;p&gt;Built with Qt %2 (running on Qt %3) and QCustomPlot %4.&lt;/p&gt;&lt;p&gt;Instrument: %5&lt;/p&gt;</source>
         <translation>&lt;p&gt;&lt;b&gt;台式电源序列编程器 %1&lt;/b&gt;&lt;/p&gt;&lt;p&gt;为多通道台式电源编写列表和延时器序列，上传并回读校验，并保存为 CSV 文件。&lt;/p&gt;&lt;p&gt;基于 Qt %2 构建（运行于 Qt %3）和 QCustomPlot %4。&lt;/p&gt;&lt;p&gt;仪器：%5&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&amp;History</source>
+        <translation>历史记录(&amp;H)</translation>
     </message>
 </context>
 <context>

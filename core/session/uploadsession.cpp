@@ -74,6 +74,8 @@ QString UploadSession::describe(const DelayerData &step) const
 void UploadSession::begin(const UploadParam &param)
 {
     m_param = param;
+    m_began = QDateTime::currentDateTimeUtc();
+    m_channelName.clear();
     m_list = param.mode == UploadMode::List;
     m_total = param.maxCount;
     m_sent = 0;

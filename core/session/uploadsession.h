@@ -7,6 +7,7 @@
 #include <instrumentdescription.h>
 #include <records.h>
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QObject>
 
@@ -59,6 +60,19 @@ public:
 
     bool isActive() const { return m_phase != Phase::Idle; }
 
+    // What the last upload asked for and sent, for a recorder that hears its end.
+    const tarn2::specific::orvo5000::programmer::UploadParam &param() const { return m_param; }
+    QString channelName() const { return m_channelName; }
+    QDateTime began() const { return m_began; }
+    const QList<tarn2::specific::orvo5000::programmer::ListData> &listSent() const
+    {
+        return m_listSent;
+    }
+    const QList<tarn2::specific::orvo5000::programmer::DelayerData> &delayerSent() const
+    {
+        return m_delayerSent;
+    }
+
     // The dialog's run.
     void begin(const tarn2::specific::orvo5000::programmer::UploadParam &param);
     void step(int index, const tarn2::specific::orvo5000::programmer::ProgrammerData &data);
@@ -109,6 +123,7 @@ private:
     QList<tarn2::specific::orvo5000::programmer::ListData> m_listSent;
     QList<tarn2::specific::orvo5000::programmer::DelayerData> m_delayerSent;
     QElapsedTimer m_clock;
+    QDateTime m_began;
 };
 
 } // namespace tarn::host

@@ -51,6 +51,7 @@ public:
     InstrumentLink *link() const { return m_connection->link(); }
     CommandChannel *channel() const { return m_connection->channel(); }
     RunSession *runSession() const { return m_run; }
+    UploadSession *uploadSession() const { return m_session; }
     StatusMonitor *statusMonitor() const { return m_connection->statusMonitor(); }
     // What the connected instrument said `channel` (from 1) accepts; nothing when it did not say.
     std::optional<InstrumentLimits> instrumentLimits(int channel) const;

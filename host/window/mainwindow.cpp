@@ -1,5 +1,6 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
+#include "historydock.h"
 
 #include "instrumentoption.h"
 #include "instrumentstatusview.h"
@@ -303,20 +304,21 @@ void MainWindow::createMenus()
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
 
-    QMenu *view = menuBar()->addMenu(tr("&View"));
+    m_viewMenu = menuBar()->addMenu(tr("&View"));
     QAction *traffic = m_trafficDock->toggleViewAction();
     traffic->setText(tr("Command &Traffic"));
-    view->addAction(traffic);
+    m_viewMenu->addAction(traffic);
     QAction *run = m_runDock->toggleViewAction();
     run->setText(tr("&Run View"));
-    view->addAction(run);
-    view->addSeparator();
-    m_followUpload = view->addAction(tr("Show the Run View After Each &Verified Upload"));
+    m_viewMenu->addAction(run);
+    m_viewMenu->addSeparator();
+    m_followUpload = m_viewMenu->addAction(tr("Show the Run View After Each &Verified Upload"));
     m_followUpload->setCheckable(true);
     m_followUpload->setChecked(QSettings().value(followKey, true).toBool());
     connect(m_followUpload, &QAction::toggled, this, [](bool on) {
         QSettings().setValue(followKey, on);
     });
+    m_viewMenu->addSeparator();
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About"), this, &MainWindow::showAbout);
@@ -400,6 +402,19 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
                                               .arg((msecLeft + 999) / 1000)
                                         : tr("%1 of %2 steps confirmed").arg(confirmed).arg(total));
             });
+}
+
+void MainWindow::openHistory(const QString &location)
+{
+    delete m_historyDock;
+    m_historyDock = new HistoryDock(this, m_files->description(), location);
+    addDockWidget(Qt::BottomDockWidgetArea, m_historyDock);
+    // A tab beside the run view and the traffic panel, so the tables keep their rows.
+    tabifyDockWidget(m_runDock, m_historyDock);
+    m_historyDock->hide();
+    QAction *toggle = m_historyDock->toggleViewAction();
+    toggle->setText(tr("&History"));
+    m_viewMenu->addAction(toggle);
 }
 
 void MainWindow::showRunView()

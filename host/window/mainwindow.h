@@ -13,6 +13,7 @@ class QCloseEvent;
 class QComboBox;
 class QDockWidget;
 class QLabel;
+class QMenu;
 class QPushButton;
 
 namespace tarn2::specific::orvo5000::programmer {
@@ -21,6 +22,7 @@ class DialogProgrammer;
 
 namespace tarn::host {
 
+class HistoryDock;
 class Prompter;
 class SequenceEditor;
 class SequenceFiles;
@@ -60,6 +62,10 @@ public:
     void setPrompter(Prompter *prompter);
     // A file named on the command line, opened in its tab through the guarded load.
     bool openSequenceFile(const QString &path);
+    // Records the window's uploads and runs into the history `location` names (empty: the
+    // setting, or the user's history file) and shows the History panel.
+    void openHistory(const QString &location);
+    HistoryDock *historyDock() const { return m_historyDock; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -100,6 +106,8 @@ private:
     std::unique_ptr<Prompter> m_ownPrompter;
     SequenceFiles *m_files = nullptr;
     SequenceEditor *m_editor = nullptr;
+    QMenu *m_viewMenu = nullptr;
+    HistoryDock *m_historyDock = nullptr;
 };
 
 } // namespace tarn::host

@@ -52,6 +52,7 @@ public:
     int maxCount() const { return m_description.maxCount; }
     // The file the tab's sequence was last loaded from or saved to; empty for none.
     QString filePath(UploadMode mode) const { return m_paths[mode == UploadMode::List ? 0 : 1]; }
+    const sim::InstrumentDescription &description() const { return m_description; }
 
     // The folder file dialogs start in: the one of the last file opened or saved.
     static QString lastFolder();

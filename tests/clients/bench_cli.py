@@ -16,6 +16,9 @@ import tempfile
 import time
 
 cli, supply_program, readme = sys.argv[1:4]
+# What the tool records goes into a history of this test's own, not the user's.
+history_home = tempfile.TemporaryDirectory()
+os.environ["XDG_DATA_HOME"] = history_home.name
 failures = []
 passed = 0
 
