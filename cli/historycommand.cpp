@@ -18,30 +18,32 @@ namespace {
 
 QJsonObject fieldsOf(const HistoryRecord &r)
 {
-    return {{QStringLiteral("record"), r.name()},
-            {QStringLiteral("kind"), r.kindName()},
-            {QStringLiteral("uid"), r.uid},
-            {QStringLiteral("station"), r.station},
-            {QStringLiteral("started"), r.started.toString(Qt::ISODateWithMs)},
-            {QStringLiteral("ended"),
-             r.ended.isValid() ? r.ended.toString(Qt::ISODateWithMs) : QString()},
-            {QStringLiteral("identity"), r.identity},
-            {QStringLiteral("address"), r.address},
-            {QStringLiteral("dialect"), r.dialect},
-            {QStringLiteral("channel"), r.channel},
-            {QStringLiteral("channelName"), r.channelName},
-            {QStringLiteral("mode"),
-             r.sequence.mode == tarn2::specific::orvo5000::programmer::List
-                 ? QStringLiteral("list")
-                 : QStringLiteral("delayer")},
-            {QStringLiteral("cycles"), r.sequence.cycles},
-            {QStringLiteral("endState"), r.sequence.endState},
-            {QStringLiteral("steps"), r.stepCount},
-            {QStringLiteral("outcome"), r.outcome},
-            {QStringLiteral("message"), r.message},
-            {QStringLiteral("failedStep"), r.failedStep},
-            {QStringLiteral("upload"), r.uploadUid},
-            {QStringLiteral("samples"), r.sampleCount}};
+    return {
+        {QStringLiteral("record"), r.name()},
+        {QStringLiteral("kind"), r.kindName()},
+        {QStringLiteral("uid"), r.uid},
+        {QStringLiteral("station"), r.station},
+        {QStringLiteral("started"), r.started.toString(Qt::ISODateWithMs)},
+        {QStringLiteral("ended"),
+         r.ended.isValid() ? r.ended.toString(Qt::ISODateWithMs) : QString()},
+        {QStringLiteral("identity"), r.identity},
+        {QStringLiteral("address"), r.address},
+        {QStringLiteral("dialect"), r.dialect},
+        {QStringLiteral("channel"), r.channel},
+        {QStringLiteral("channelName"), r.channelName},
+        {QStringLiteral("mode"),
+         r.sequence.mode == tarn2::specific::orvo5000::programmer::List
+             ? QStringLiteral("list")
+             : QStringLiteral("delayer")},
+        {QStringLiteral("cycles"), r.sequence.cycles},
+        {QStringLiteral("endState"), r.sequence.endState},
+        {QStringLiteral("steps"), r.stepCount},
+        {QStringLiteral("outcome"), r.outcome},
+        {QStringLiteral("message"), r.message},
+        // The step by its number in the editor's "No." column, as every message names it.
+        {QStringLiteral("step"), r.failedStep > 0 ? QJsonValue(r.failedStep - 1) : QJsonValue()},
+        {QStringLiteral("upload"), r.uploadUid},
+        {QStringLiteral("samples"), r.sampleCount}};
 }
 
 QString lineOf(const HistoryRecord &r)
@@ -252,7 +254,9 @@ ExitStatus show(const QStringList &arguments)
     QJsonObject fields = fieldsOf(*record);
     if (!record->samples.isEmpty()) {
         fields.insert(QStringLiteral("lastSampleTime"), record->samples.constLast().time);
-        fields.insert(QStringLiteral("lastStep"), record->samples.constLast().step);
+        const int lastStep = record->samples.constLast().step;
+        fields.insert(QStringLiteral("lastStep"),
+                      lastStep > 0 ? QJsonValue(lastStep - 1) : QJsonValue());
     }
     QString text = lineOf(*record);
     text += QStringLiteral("\n  instrument %1 at %2 (%3 commands)\n  started %4, ended %5\n  "

@@ -76,6 +76,7 @@ private slots:
     void copyPutsRowsOnTheClipboard();
     void durationShowsRepeatsAndEndless();
     void minimumSizeKeepsEverythingVisible();
+    void layoutComesBackAtTheNextStart();
     void runViewLeavesTheTablesTheirRows_data();
     void runViewLeavesTheTablesTheirRows();
     void valueBeyondTheRangeIsRefusedWithTheLimit_data();
@@ -530,6 +531,16 @@ void TestSafeEditing::minimumSizeKeepsEverythingVisible()
     QVERIFY(m_window->minimumWidth() >= m_dialog->minimumSizeHint().width());
     QVERIFY(m_window->width() >= m_window->minimumSizeHint().width());
     QVERIFY(m_window->height() >= m_window->minimumSizeHint().height());
+}
+
+void TestSafeEditing::layoutComesBackAtTheNextStart()
+{
+    m_window->show();
+    m_window->showRunView();
+    QVERIFY(m_window->close());
+    makeWindow();
+    m_window->show();
+    QVERIFY(m_window->runView()->isVisibleTo(m_window.get()));
 }
 
 void TestSafeEditing::runViewLeavesTheTablesTheirRows_data()

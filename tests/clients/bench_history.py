@@ -82,8 +82,8 @@ with tempfile.TemporaryDirectory() as work:
     check("refused upload", tool("upload", "sine.csv", "--connect", refusing_address,
                                  "--channel", "2").returncode, 6)
     refused = records("--outcome", "refused")
-    check("the refused step", [(r["record"], r["failedStep"], r["channel"]) for r in refused],
-          [("U3", 3, 2)])
+    check("the refused step", [(r["record"], r["step"], r["channel"]) for r in refused],
+          [("U3", 2, 2)])
     check("filters", [r["record"] for r in records("--channel", "1", "--kind", "upload")], ["U1"])
     refusing.kill()
     refusing.wait()
