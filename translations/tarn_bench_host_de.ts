@@ -2,6 +2,71 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>History</name>
+    <message>
+        <source>the history server %1 stopped answering: %2</source>
+        <translation>der Historienserver %1 antwortet nicht mehr: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n record(s) wait in %1 until the history server is back</source>
+        <translation>
+            <numerusform>%n Eintrag wartet in %1, bis der Historienserver wieder erreichbar ist</numerusform>
+            <numerusform>%n Einträge warten in %1, bis der Historienserver wieder erreichbar ist</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the history server has every waiting record now</source>
+        <translation>der Historienserver hat jetzt alle wartenden Einträge</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryStore</name>
+    <message>
+        <source>%1 is not a readable history (%2): it was set aside as %3 and a new history was started</source>
+        <translation>%1 ist keine lesbare Historie (%2): sie wurde als %3 beiseitegelegt und eine neue Historie begonnen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>it is not a database</source>
+        <translation>sie ist keine Datenbank</translation>
+    </message>
+    <message>
+        <source>%1 is held by another program for too long; nothing was changed</source>
+        <translation>%1 wird zu lange von einem anderen Programm gehalten; nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>%1 was written by a newer version of the bench tools; it is left as it is</source>
+        <translation>%1 wurde von einer neueren Version der Werkzeuge geschrieben; sie bleibt, wie sie ist</translation>
+    </message>
+    <message>
+        <source>it is another program&apos;s database</source>
+        <translation>sie ist die Datenbank eines anderen Programms</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>sie ist beschädigt</translation>
+    </message>
+    <message>
+        <source>this machine has no PostgreSQL driver for Qt (libqt5sql5-psql)</source>
+        <translation>auf diesem Rechner fehlt der PostgreSQL-Treiber für Qt (libqt5sql5-psql)</translation>
+    </message>
+    <message>
+        <source>the history server %1 cannot be reached: %2</source>
+        <translation>der Historienserver %1 ist nicht erreichbar: %2</translation>
+    </message>
+    <message>
+        <source>the history was written by a newer version of the bench tools</source>
+        <translation>die Historie wurde von einer neueren Version der Werkzeuge geschrieben</translation>
+    </message>
+    <message>
+        <source>The recording ended without the run&apos;s end: the program stopped abruptly</source>
+        <translation>Die Aufzeichnung endete ohne das Ende der Ausführung: das Programm wurde abrupt beendet</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>%1 is not an address of the form tcp://HOST[:PORT]</source>
@@ -266,6 +331,25 @@
     <message>
         <source>Current (A)</source>
         <translation>Strom (A)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::history::HistoryRecorder</name>
+    <message>
+        <source>The upload could not be recorded in the history: %1</source>
+        <translation>Die Übertragung konnte nicht in der Historie festgehalten werden: %1</translation>
+    </message>
+    <message>
+        <source>The run could not be recorded in the history: %1</source>
+        <translation>Die Ausführung konnte nicht in der Historie festgehalten werden: %1</translation>
+    </message>
+    <message>
+        <source>The run&apos;s samples could not be written to the history: %1</source>
+        <translation>Die Messwerte der Ausführung konnten nicht in die Historie geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>The end of the run could not be recorded in the history: %1</source>
+        <translation>Das Ende der Ausführung konnte nicht in der Historie festgehalten werden: %1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>History</name>
+    <message numerus="yes">
+        <source>%n record(s) wait in %1 until the history server is back</source>
+        <translation>
+            <numerusform>%n record waits in %1 until the history server is back</numerusform>
+            <numerusform>%n records wait in %1 until the history server is back</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message numerus="yes">
         <source>Add %n steps</source>

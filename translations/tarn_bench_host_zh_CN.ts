@@ -2,6 +2,70 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
+    <name>History</name>
+    <message>
+        <source>the history server %1 stopped answering: %2</source>
+        <translation>历史服务器 %1 停止响应：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n record(s) wait in %1 until the history server is back</source>
+        <translation>
+            <numerusform>%n 条记录在 %1 中等待，直到历史服务器恢复</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the history server has every waiting record now</source>
+        <translation>历史服务器已收到所有等待的记录</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryStore</name>
+    <message>
+        <source>%1 is not a readable history (%2): it was set aside as %3 and a new history was started</source>
+        <translation>%1 不是可读的历史记录（%2）：已另存为 %3，并新建了历史记录</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>it is not a database</source>
+        <translation>它不是数据库</translation>
+    </message>
+    <message>
+        <source>%1 is held by another program for too long; nothing was changed</source>
+        <translation>%1 被其他程序占用过久；未做任何更改</translation>
+    </message>
+    <message>
+        <source>%1 was written by a newer version of the bench tools; it is left as it is</source>
+        <translation>%1 由更新版本的工具写入；保持原样</translation>
+    </message>
+    <message>
+        <source>it is another program&apos;s database</source>
+        <translation>它是其他程序的数据库</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>它已损坏</translation>
+    </message>
+    <message>
+        <source>this machine has no PostgreSQL driver for Qt (libqt5sql5-psql)</source>
+        <translation>本机没有 Qt 的 PostgreSQL 驱动（libqt5sql5-psql）</translation>
+    </message>
+    <message>
+        <source>the history server %1 cannot be reached: %2</source>
+        <translation>无法连接历史服务器 %1：%2</translation>
+    </message>
+    <message>
+        <source>the history was written by a newer version of the bench tools</source>
+        <translation>该历史记录由更新版本的工具写入</translation>
+    </message>
+    <message>
+        <source>The recording ended without the run&apos;s end: the program stopped abruptly</source>
+        <translation>记录在运行结束前中断：程序意外终止</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>%1 is not an address of the form tcp://HOST[:PORT]</source>
@@ -263,6 +327,25 @@
     <message>
         <source>Current (A)</source>
         <translation>电流 (A)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::history::HistoryRecorder</name>
+    <message>
+        <source>The upload could not be recorded in the history: %1</source>
+        <translation>无法在历史记录中记录此次上传：%1</translation>
+    </message>
+    <message>
+        <source>The run could not be recorded in the history: %1</source>
+        <translation>无法在历史记录中记录此次运行：%1</translation>
+    </message>
+    <message>
+        <source>The run&apos;s samples could not be written to the history: %1</source>
+        <translation>无法将运行的样本写入历史记录：%1</translation>
+    </message>
+    <message>
+        <source>The end of the run could not be recorded in the history: %1</source>
+        <translation>无法在历史记录中记录运行的结束：%1</translation>
     </message>
 </context>
 <context>
