@@ -237,7 +237,13 @@ void MainWindow::updateTitle()
     setWindowModified(m_editor->history(mode)->isModified());
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // The docks and tabs go on signalling while QWidget's destructor deletes them, when this is no
+    // longer a MainWindow; nothing of theirs may reach its handlers then.
+    for (QObject *child : findChildren<QObject *>())
+        child->disconnect(this);
+}
 
 void MainWindow::setPrompter(Prompter *prompter)
 {
