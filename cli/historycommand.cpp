@@ -260,13 +260,16 @@ ExitStatus show(const QStringList &arguments)
     }
     QString text = lineOf(*record);
     text += QStringLiteral("\n  instrument %1 at %2 (%3 commands)\n  started %4, ended %5\n  "
-                           "%6 cycles, end state %7, %8 samples")
+                           "%6, end state %7, %8 samples")
                 .arg(record->identity, record->address, record->dialect)
                 .arg(record->started.toLocalTime().toString(Qt::ISODateWithMs))
                 .arg(record->ended.isValid()
                          ? record->ended.toLocalTime().toString(Qt::ISODateWithMs)
                          : QStringLiteral("-"))
-                .arg(record->sequence.cycles)
+                .arg(record->sequence.cycles == 0 ? QStringLiteral("repeated endlessly")
+                     : record->sequence.cycles == 1
+                         ? QStringLiteral("1 cycle")
+                         : QStringLiteral("%1 cycles").arg(record->sequence.cycles))
                 .arg(record->sequence.endState)
                 .arg(record->sampleCount);
     line.reporter().result(true, text, fields);
