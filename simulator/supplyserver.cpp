@@ -56,6 +56,16 @@ bool SupplyServer::listen(const QHostAddress &address, quint16 port)
     return m_server->listen(address, port);
 }
 
+void SupplyServer::serveTerminal(int master, const QString &name, int baud)
+{
+    auto *terminal = new ClientConnection(master, name, this);
+    connect(terminal, &ClientConnection::closed, terminal, &QObject::deleteLater);
+    // Eight data bits, a start and a stop bit: ten bit times a byte.
+    if (baud > 0)
+        terminal->setPace(baud / 10);
+    serve(terminal);
+}
+
 QString SupplyServer::errorString() const
 {
     return m_server->errorString();

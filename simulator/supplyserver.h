@@ -49,6 +49,9 @@ public:
     ~SupplyServer() override;
 
     bool listen(const QHostAddress &address, quint16 port);
+    // Serves the master side of a pseudo-terminal as the one client, for as long as it lasts,
+    // paced as a serial line of `baud` would be (0: unpaced). Takes the descriptor.
+    void serveTerminal(int master, const QString &name, int baud);
     QString errorString() const;
     QHostAddress address() const;
     quint16 port() const;

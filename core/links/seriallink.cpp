@@ -16,10 +16,12 @@ SerialLink::SerialLink(const QString &device, int baud, QObject *parent)
     connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
         if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !m_port->isOpen())
             return;
-        if (error == QSerialPort::ResourceError)
-            fail(tr("The serial line %1 was dropped (%2): was the adapter unplugged or the "
-                    "instrument switched off?")
-                     .arg(m_device, m_port->errorString()));
+        // A line that is pulled shows as whichever of these the driver's errno maps to.
+        if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError
+            || error == QSerialPort::WriteError || error == QSerialPort::UnknownError)
+            fail(tr("The serial line %1 was dropped: was the adapter unplugged or the instrument "
+                    "switched off?")
+                     .arg(m_device));
         else
             fail(m_port->errorString());
     });
