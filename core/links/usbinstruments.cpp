@@ -23,10 +23,11 @@ QString firstLine(const QString &path)
 
 QString UsbInstrument::resourceString() const
 {
+    const auto hex = [](quint16 value) {
+        return QStringLiteral("%1").arg(value, 4, 16, QLatin1Char('0')).toUpper();
+    };
     return QStringLiteral("USB0::0x%1::0x%2::%3::INSTR")
-        .arg(vendor, 4, 16, QLatin1Char('0'))
-        .arg(product, 4, 16, QLatin1Char('0'))
-        .arg(serialNumber);
+        .arg(hex(vendor), hex(product), serialNumber);
 }
 
 QString systemRoot()
