@@ -53,7 +53,6 @@ void UsbtmcLink::open()
     beginOpen();
     QString problem;
     if (m_address.device.isEmpty()) {
-        const QString wanted = address();
         m_device.clear();
         for (const UsbInstrument &instrument : attachedUsbInstruments(systemRoot())) {
             if (instrument.vendor == m_address.vendor && instrument.product == m_address.product
@@ -61,9 +60,8 @@ void UsbtmcLink::open()
                 m_device = instrument.device;
         }
         if (m_device.isEmpty())
-            problem = tr("No USB instrument %1 is attached (or the usbtmc driver has not taken it "
-                         "on)")
-                          .arg(wanted);
+            problem = tr("no such USB instrument is attached, or the usbtmc driver has not taken "
+                         "it on");
     }
     if (problem.isEmpty()) {
         m_fd = ::open(QFile::encodeName(m_device).constData(), O_RDWR | O_CLOEXEC | O_NOCTTY);
