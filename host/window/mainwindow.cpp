@@ -10,6 +10,7 @@
 #include "widgetprompter.h"
 
 #include <dialogprogrammer.h>
+#include <linkfactory.h>
 
 #include <QAction>
 #include <QApplication>
@@ -124,11 +125,15 @@ void MainWindow::createConnectionBar()
     m_address->setObjectName(QStringLiteral("address"));
     m_address->setEditable(true);
     m_address->setMinimumContentsLength(28);
-    m_address->setToolTip(tr("tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for "
-                             "a serial one, sim: for the simulated supply"));
+    m_address->setToolTip(tr("tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN "
+                             "instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial "
+                             "one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB "
+                             "one, sim: for the simulated supply"));
     m_address->addItems(QSettings().value(recentKey).toStringList());
-    if (m_address->findText(QStringLiteral("sim:")) < 0)
-        m_address->addItem(QStringLiteral("sim:"));
+    // The instruments attached now, after the ones used lately.
+    for (const QString &address : QStringList{QStringLiteral("sim:")} + attachedInstrumentAddresses())
+        if (m_address->findText(address) < 0)
+            m_address->addItem(address);
     bar->addWidget(m_address);
     m_connect = new QPushButton(tr("Connect"), bar);
     m_connect->setObjectName(QStringLiteral("connectButton"));
