@@ -27,8 +27,9 @@ Commands:
                               stop the channel's sequences
 
 Each command takes --help, --json (one JSON object per line on stdout), -q and
---instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT], serial:DEVICE,
-sim:. Ctrl-C during an upload or a run stops the instrument's sequence first.
+--instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT],
+serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or resource strings TCPIP0::HOST::PORT::SOCKET,
+USB0::VENDOR::PRODUCT::SERIAL::INSTR, ASRL/DEVICE::INSTR. Ctrl-C during an upload or a run stops the instrument's sequence first.
 
 Exit status:
   0    success
