@@ -193,7 +193,9 @@ int main(int argc, char *argv[])
                     qPrintable(terminal.device()));
         std::fflush(stdout);
         const int status = QCoreApplication::exec();
-        std::printf("tarn_supply_sim: stopped\n");
+        std::printf("tarn_supply_sim: stopped after %lld bytes in, %lld bytes out\n",
+                    static_cast<long long>(server.bytesIn()),
+                    static_cast<long long>(server.bytesOut()));
         return status;
     }
     if (!server.listen(address, static_cast<quint16>(port)))
@@ -208,6 +210,8 @@ int main(int argc, char *argv[])
                 server.port());
     std::fflush(stdout);
     const int status = QCoreApplication::exec();
-    std::printf("tarn_supply_sim: stopped\n");
+    std::printf("tarn_supply_sim: stopped after %lld bytes in, %lld bytes out\n",
+                static_cast<long long>(server.bytesIn()),
+                static_cast<long long>(server.bytesOut()));
     return status;
 }

@@ -166,6 +166,7 @@ void SupplyServer::readClient()
         const qint64 n = m_client->read(chunk, sizeof chunk);
         if (n <= 0)
             break;
+        m_bytesIn += n;
         m_buffer.feed(
             chunk,
             n,
@@ -204,6 +205,7 @@ void SupplyServer::processLines()
 
 void SupplyServer::sendReply(const QByteArray &reply)
 {
+    m_bytesOut += reply.size();
     if (m_faults.latencyMs <= 0) {
         m_client->write(reply);
         return;

@@ -171,18 +171,18 @@ void TestBenchHost::slowInstrumentTimesOutAndTheDialogStaysUsable()
     Simulator sim({QStringLiteral("--latency"), QStringLiteral("800")});
     Bench bench;
     QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
-    bench.append(UploadMode::List, 10);
+    bench.append(UploadMode::List, 40);
 
     const UploadOutcome outcome = bench.upload(UploadMode::List);
     QCOMPARE(outcome.message,
-             QStringLiteral("The upload timed out: %1 of 300 steps were sent, 0 confirmed by the "
+             QStringLiteral("The upload timed out: %1 of 1200 steps were sent, 0 confirmed by the "
                             "instrument")
                  .arg(UploadSession::window));
     QVERIFY(!outcome.verified);
     QVERIFY(bench.dialog->isEnabled());
 
     QVERIFY(bench.connectTo(QStringLiteral("sim:")));
-    QCOMPARE(bench.upload(UploadMode::List).message, QStringLiteral("Verified 300 steps on CH1"));
+    QCOMPARE(bench.upload(UploadMode::List).message, QStringLiteral("Verified 1200 steps on CH1"));
 }
 
 void TestBenchHost::refusedConnectionIsReported()
@@ -217,7 +217,7 @@ void TestBenchHost::cancelEndsAtOnceAndTellsWhatTheInstrumentHolds()
     Simulator sim({QStringLiteral("--latency"), QStringLiteral("300")});
     Bench bench;
     QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
-    bench.append(UploadMode::List, 10);
+    bench.append(UploadMode::List, 40);
 
     QSignalSpy ended(bench.controller.get(), &BenchController::uploadEnded);
     bench.dialog->uploaderStart(UploadMode::List);
@@ -227,7 +227,7 @@ void TestBenchHost::cancelEndsAtOnceAndTellsWhatTheInstrumentHolds()
     QTRY_VERIFY_WITH_TIMEOUT(bench.dialog->isEnabled(), 200);
     QVERIFY(ended.wait(3000));
     QCOMPARE(ended.first().first().value<UploadOutcome>().message,
-             QStringLiteral("Upload cancelled: the instrument holds %1 of 300 steps")
+             QStringLiteral("Upload cancelled: the instrument holds %1 of 1200 steps")
                  .arg(UploadSession::window));
 }
 

@@ -70,9 +70,9 @@ void TestLinkAddress::accepted_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("where");
-    QTest::newRow("tcp, port left out") << "tcp://192.0.2.7" << "tcp 192.0.2.7 5025";
+    QTest::newRow("tcp, port left out") << "tcp://bench-psu.example" << "tcp bench-psu.example 5025";
     QTest::newRow("tcp with port") << " tcp://localhost:5555 " << "tcp localhost 5555";
-    QTest::newRow("socket resource") << "TCPIP0::192.0.2.7::5025::SOCKET" << "tcp 192.0.2.7 5025";
+    QTest::newRow("socket resource") << "TCPIP0::bench-psu.example::5025::SOCKET" << "tcp bench-psu.example 5025";
     QTest::newRow("socket resource, any case")
         << "tcpip1::bench-psu.example::4000::socket" << "tcp bench-psu.example 4000";
     QTest::newRow("serial") << "serial:/dev/ttyUSB0" << "serial /dev/ttyUSB0 115200";
@@ -108,18 +108,18 @@ void TestLinkAddress::refused_data()
            "TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or "
            "ASRL/dev/ttyUSB0::INSTR";
     QTest::newRow("no resource class")
-        << "TCPIP0::192.0.2.7::5025"
-        << "TCPIP0::192.0.2.7::5025: a resource string ends in ::INSTR or ::SOCKET";
+        << "TCPIP0::bench-psu.example::5025"
+        << "TCPIP0::bench-psu.example::5025: a resource string ends in ::INSTR or ::SOCKET";
     QTest::newRow("port out of range")
-        << "TCPIP0::192.0.2.7::70000::SOCKET"
-        << "TCPIP0::192.0.2.7::70000::SOCKET: port \"70000\" is not a number from 1 to 65535";
+        << "TCPIP0::bench-psu.example::70000::SOCKET"
+        << "TCPIP0::bench-psu.example::70000::SOCKET: port \"70000\" is not a number from 1 to 65535";
     QTest::newRow("socket without port")
-        << "TCPIP0::192.0.2.7::SOCKET"
-        << "TCPIP0::192.0.2.7::SOCKET: a socket resource is TCPIP[board]::HOST::PORT::SOCKET";
+        << "TCPIP0::bench-psu.example::SOCKET"
+        << "TCPIP0::bench-psu.example::SOCKET: a socket resource is TCPIP[board]::HOST::PORT::SOCKET";
     QTest::newRow("no host") << "TCPIP0::::5025::SOCKET" << "TCPIP0::::5025::SOCKET names no host";
     QTest::newRow("vxi-11")
-        << "TCPIP0::192.0.2.7::inst0::INSTR"
-        << "TCPIP0::192.0.2.7::inst0::INSTR: VXI-11 instruments (TCPIP::...::INSTR) are not "
+        << "TCPIP0::bench-psu.example::inst0::INSTR"
+        << "TCPIP0::bench-psu.example::inst0::INSTR: VXI-11 instruments (TCPIP::...::INSTR) are not "
            "supported; address the instrument's raw socket as TCPIP0::HOST::5025::SOCKET";
     QTest::newRow("vendor too wide")
         << "USB0::0x12345::0x5678::SN42::INSTR"
