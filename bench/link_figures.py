@@ -5,10 +5,13 @@ from the tool's "connected" line to its result, against tarn_supply_sim
       the rate;
   (b) the whole command through the supply's pseudo-terminal paced at 115200 baud, in each List
       dialect, against the time its bytes need on the wire (the supply counts them, ten bit times
-      each; both directions are added, since the read-back follows the upload): within 10 %.
+      each; both directions are added, since the read-back follows the upload): within 10 %;
+  (c) the same upload over loopback TCP from the bench window shown on an X server (xvfb-run),
+      against the sessions alone without any widget: within 3x (bench_hostupload's figures).
 Each figure is the median of several runs.
 
 Usage: link_figures.py PATH/TO/tarn_bench_cli PATH/TO/tarn_supply_sim PATH/TO/array-supply.json
+                       PATH/TO/bench_hostupload
 Exits 1 when a figure misses its goal.
 """
 import json
@@ -20,7 +23,7 @@ import sys
 import tempfile
 import time
 
-cli, supply_program, arrays = sys.argv[1:4]
+cli, supply_program, arrays, host_bench = sys.argv[1:5]
 STEPS = 2048
 BAUD = 115200
 missed = []
@@ -92,5 +95,22 @@ with tempfile.TemporaryDirectory() as work:
         row(f"(b) 115200 baud, {dialect}: {bytes_in / STEPS:.1f} bytes/step out, "
             f"{bytes_out / STEPS:.1f} back", f"{seconds:.2f} s", f"<= {wire * 1.1:.2f} s "
             f"(wire {wire:.2f} s)", seconds <= wire * 1.1)
+
+# (c) Google Benchmark's own figures, the median of its repetitions.
+command = [host_bench, "--benchmark_filter=Window", "--benchmark_repetitions=3",
+           "--benchmark_format=json"]
+environment = dict(os.environ)
+if subprocess.run(["which", "xvfb-run"], capture_output=True).returncode == 0:
+    command = ["xvfb-run", "-a", *command]
+    environment["QT_QPA_PLATFORM"] = "xcb"
+report = json.loads(subprocess.run(command, capture_output=True, text=True, env=environment,
+                                   timeout=600).stdout)
+medians = {b["run_name"]: b["real_time"] for b in report["benchmarks"]
+           if b.get("aggregate_name") == "median"}
+shown = medians["BM_UploadInShownWindow"]
+bare = medians["BM_UploadWithoutWindow"]
+row("(c) TCP, without a window: 2048 steps uploaded and verified", f"{bare:.1f} ms", "", True)
+row("(c) TCP, from the shown window", f"{shown:.1f} ms ({shown / bare:.1f}x)",
+    f"<= {3 * bare:.1f} ms (3x)", shown <= 3 * bare)
 
 sys.exit(1 if missed else 0)

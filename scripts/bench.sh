@@ -18,7 +18,5 @@ echo
 echo
 /usr/bin/python3 "$root/bench/link_figures.py" "$root/build/release/cli/tarn_bench_cli" \
     "$root/build/release/simulator/tarn_supply_sim" "$root/simulator/instruments/array-supply.json" \
-    || status=$?
-echo
-"$root/scripts/window_figure.sh" "$root/build/release/bench/bench_hostupload" || status=$?
+    "$root/build/release/bench/bench_hostupload" || status=$?
 exit "$status"
