@@ -5,8 +5,8 @@
 #include "commandset.h"
 #include "instrumentoption.h"
 #include <dialogprogrammer.h>
-#include <instrumentdescription.h>
 #include <instrumentconnection.h>
+#include <instrumentdescription.h>
 #include <linkfactory.h>
 #include <sequenceupload.h>
 #include <uploadsession.h>
@@ -123,7 +123,8 @@ void BM_UploadInShownWindow(benchmark::State &state)
     MainWindow window(description, CommandSet());
     window.resize(1280, 860);
     window.show();
-    auto *append = window.dialog()->findChild<QPushButton *>(QStringLiteral("btnListTemplateAppend"));
+    auto *append
+        = window.dialog()->findChild<QPushButton *>(QStringLiteral("btnListTemplateAppend"));
     for (int i = 0; i < (steps + 29) / 30; ++i)
         append->click();
     BenchController *controller = window.controller();
@@ -152,11 +153,10 @@ void BM_UploadWithoutWindow(benchmark::State &state)
 {
     Simulator server;
     const auto description = tarn::sim::InstrumentDescription::builtIn();
-    InstrumentConnection connection(description,
-                                    CommandSet(),
-                                    [&](const QString &address, QString *error) {
-                                        return createLink(address, description, error);
-                                    });
+    InstrumentConnection connection(
+        description, CommandSet(), [&](const QString &address, QString *error) {
+            return createLink(address, description, error);
+        });
     UploadSession upload(connection.channel(), description, CommandSet());
     SequenceUpload feeder(&upload);
     QEventLoop loop;

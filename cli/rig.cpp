@@ -257,9 +257,7 @@ std::optional<ListReader::Steps> Rig::readList(ExitStatus *status)
     connect(m_connection.channel(), &CommandChannel::replyTimedOut, &loop, &QEventLoop::quit);
     // A read in pieces may take several replies; each has the channel's own limit.
     waitUntil(
-        loop,
-        [&] { return answered || m_linkStatus != Success; },
-        24 * 3600 * 1000);
+        loop, [&] { return answered || m_linkStatus != Success; }, 24 * 3600 * 1000);
     if (!answered)
         *status = m_linkStatus != Success ? m_linkStatus : Timeout;
     return steps;

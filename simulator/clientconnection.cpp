@@ -201,8 +201,8 @@ void ClientConnection::flush()
             }
         }
         const char *from = m_out.constData() + m_sent;
-        const ssize_t n = m_socket ? ::send(m_fd, from, size, MSG_NOSIGNAL)
-                                   : ::write(m_fd, from, size);
+        const ssize_t n
+            = m_socket ? ::send(m_fd, from, size, MSG_NOSIGNAL) : ::write(m_fd, from, size);
         if (n > 0 && m_pace > 0)
             m_writeCredit -= static_cast<double>(n);
         if (n < 0) {

@@ -12,11 +12,11 @@ class QTimer;
 namespace tarn::sim {
 
 // ClientConnection owns a connected TCP socket, or the master side of a pseudo-terminal that
-// stands in for a serial line or a USB instrument's device file. Unlike a QTcpSocket it treats the end of the
-// client's input as a half-close: a client that sends its commands and shuts down its sending
-// side still gets every reply, and the socket closes only once they have left. Reading can be
-// paused, so that a client that writes faster than the supply answers is held back by the
-// kernel rather than by memory here.
+// stands in for a serial line or a USB instrument's device file. Unlike a QTcpSocket it treats the
+// end of the client's input as a half-close: a client that sends its commands and shuts down its
+// sending side still gets every reply, and the socket closes only once they have left. Reading can
+// be paused, so that a client that writes faster than the supply answers is held back by the kernel
+// rather than by memory here.
 class ClientConnection final : public QObject
 {
     Q_OBJECT

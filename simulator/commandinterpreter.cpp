@@ -541,17 +541,17 @@ void CommandInterpreter::addSequence(int modeIndex)
             return stepText(*index - 1);
         });
     if (!arrays)
-    add(pattern("DATA"), true, 0, 0, [engine, mode, channel, stepText](const Arguments &) {
-        const int count = engine->stepCount(channel(), mode);
-        QByteArray all;
-        all.reserve(count * 24);
-        for (int i = 0; i < count; ++i) {
-            if (i > 0)
-                all += ',';
-            all += stepText(i);
-        }
-        return all;
-    });
+        add(pattern("DATA"), true, 0, 0, [engine, mode, channel, stepText](const Arguments &) {
+            const int count = engine->stepCount(channel(), mode);
+            QByteArray all;
+            all.reserve(count * 24);
+            for (int i = 0; i < count; ++i) {
+                if (i > 0)
+                    all += ',';
+                all += stepText(i);
+            }
+            return all;
+        });
     add(pattern("COUNt"), true, 0, 0, [engine, mode, channel](const Arguments &) {
         return QByteArray::number(engine->stepCount(channel(), mode));
     });
@@ -641,9 +641,15 @@ void CommandInterpreter::addListArrays()
     const QString *append[3] = {&words.appendVoltage, &words.appendCurrent, &words.appendTime};
     const QString *read[3] = {&words.readVoltage, &words.readCurrent, &words.readTime};
     for (int quantity = 0; quantity < 3; ++quantity) {
-        add(headerOf(*write[quantity]), false, 1, words.maxValues,
+        add(headerOf(*write[quantity]),
+            false,
+            1,
+            words.maxValues,
             [this, quantity](const Arguments &a) { return done(writeArray(quantity, a, false)); });
-        add(headerOf(*append[quantity]), false, 1, words.maxValues,
+        add(headerOf(*append[quantity]),
+            false,
+            1,
+            words.maxValues,
             [this, quantity](const Arguments &a) { return done(writeArray(quantity, a, true)); });
         add(headerOf(*read[quantity]),
             true,
@@ -699,9 +705,9 @@ bool CommandInterpreter::writeArray(int quantity, const Arguments &arguments, bo
     }
     QVector<double> &array = m_arrays[channel * 3 + quantity];
     if (array.size() + values.size() > m_engine->description().maxCount) {
-        m_engine->errors().push(ScpiError::DataOutOfRange,
-                                QStringLiteral("more than %1 steps")
-                                    .arg(m_engine->description().maxCount));
+        m_engine->errors().push(
+            ScpiError::DataOutOfRange,
+            QStringLiteral("more than %1 steps").arg(m_engine->description().maxCount));
         return false;
     }
     if (!append) {

@@ -108,8 +108,9 @@ int main(int argc, char *argv[])
         QStringLiteral("n"));
     const QCommandLineOption pty(
         QStringLiteral("pty"),
-        QStringLiteral("Serve a pseudo-terminal linked at <path> instead of a socket, for a host to "
-                       "open as a serial port or as a USB instrument's device file."),
+        QStringLiteral(
+            "Serve a pseudo-terminal linked at <path> instead of a socket, for a host to "
+            "open as a serial port or as a USB instrument's device file."),
         QStringLiteral("path"));
     const QCommandLineOption baud(
         QStringLiteral("baud"),

@@ -50,10 +50,11 @@ QJsonObject listArrays(const QString &group = {}, const QJsonValue &value = {})
     auto words = [](const char *voltage, const char *current, const char *time) {
         return QJsonObject{{"voltage", voltage}, {"current", current}, {"time", time}};
     };
-    QJsonObject arrays{{"maxValues", 100},
-                       {"write", words("LIST:VOLT %1", "LIST:CURR %1", "LIST:DWEL %1")},
-                       {"append", words("LIST:VOLT:APP %1", "LIST:CURR:APP %1", "LIST:DWEL:APP %1")},
-                       {"read", words("LIST:VOLT? %1,%2", "LIST:CURR? %1,%2", "LIST:DWEL? %1,%2")}};
+    QJsonObject arrays{
+        {"maxValues", 100},
+        {"write", words("LIST:VOLT %1", "LIST:CURR %1", "LIST:DWEL %1")},
+        {"append", words("LIST:VOLT:APP %1", "LIST:CURR:APP %1", "LIST:DWEL:APP %1")},
+        {"read", words("LIST:VOLT? %1,%2", "LIST:CURR? %1,%2", "LIST:DWEL? %1,%2")}};
     if (value.isUndefined())
         arrays.remove(group);
     else if (!group.isEmpty())
@@ -172,9 +173,8 @@ void TestInstrumentDescription::damagedDescriptionsAreRefused_data()
     QTest::newRow("twice the same name") << withField("channels.2.name", "ch1")
                                          << "field \"channels[2].name\": \"ch1\" names another "
                                             "channel too";
-    QTest::newRow("arrays of no values")
-        << withField("listArrays", listArrays("maxValues", 0))
-        << "field \"listArrays.maxValues\": must lie in 1..1000";
+    QTest::newRow("arrays of no values") << withField("listArrays", listArrays("maxValues", 0))
+                                         << "field \"listArrays.maxValues\": must lie in 1..1000";
     QTest::newRow("arrays without append words")
         << withField("listArrays", listArrays("append", QJsonValue::Undefined))
         << "field \"listArrays.append\": is missing";

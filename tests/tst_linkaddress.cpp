@@ -70,21 +70,30 @@ void TestLinkAddress::accepted_data()
 {
     QTest::addColumn<QString>("address");
     QTest::addColumn<QString>("where");
-    QTest::newRow("tcp, port left out") << "tcp://bench-psu.example" << "tcp bench-psu.example 5025";
-    QTest::newRow("tcp with port") << " tcp://localhost:5555 " << "tcp localhost 5555";
-    QTest::newRow("socket resource") << "TCPIP0::bench-psu.example::5025::SOCKET" << "tcp bench-psu.example 5025";
-    QTest::newRow("socket resource, any case")
-        << "tcpip1::bench-psu.example::4000::socket" << "tcp bench-psu.example 4000";
-    QTest::newRow("serial") << "serial:/dev/ttyUSB0" << "serial /dev/ttyUSB0 115200";
-    QTest::newRow("serial with baud") << "serial:/dev/ttyS1?baud=9600" << "serial /dev/ttyS1 9600";
-    QTest::newRow("serial resource") << "ASRL/dev/ttyACM0::INSTR" << "serial /dev/ttyACM0 115200";
-    QTest::newRow("usbtmc device") << "usbtmc:/dev/usbtmc2" << "usb /dev/usbtmc2";
-    QTest::newRow("usb resource, hex")
-        << "USB0::0x1AB2::0x5678::SN42::INSTR" << "usb 1ab2 5678 SN42";
-    QTest::newRow("usb resource, decimal, interface")
-        << "USB::6834::22136::A-1::0::INSTR" << "usb 1ab2 5678 A-1";
-    QTest::newRow("sim") << "sim:" << "sim 1";
-    QTest::newRow("sim with speed") << "sim:?speed=10" << "sim 10";
+    QTest::newRow("tcp, port left out") << "tcp://bench-psu.example"
+                                        << "tcp bench-psu.example 5025";
+    QTest::newRow("tcp with port") << " tcp://localhost:5555 "
+                                   << "tcp localhost 5555";
+    QTest::newRow("socket resource") << "TCPIP0::bench-psu.example::5025::SOCKET"
+                                     << "tcp bench-psu.example 5025";
+    QTest::newRow("socket resource, any case") << "tcpip1::bench-psu.example::4000::socket"
+                                               << "tcp bench-psu.example 4000";
+    QTest::newRow("serial") << "serial:/dev/ttyUSB0"
+                            << "serial /dev/ttyUSB0 115200";
+    QTest::newRow("serial with baud") << "serial:/dev/ttyS1?baud=9600"
+                                      << "serial /dev/ttyS1 9600";
+    QTest::newRow("serial resource") << "ASRL/dev/ttyACM0::INSTR"
+                                     << "serial /dev/ttyACM0 115200";
+    QTest::newRow("usbtmc device") << "usbtmc:/dev/usbtmc2"
+                                   << "usb /dev/usbtmc2";
+    QTest::newRow("usb resource, hex") << "USB0::0x1AB2::0x5678::SN42::INSTR"
+                                       << "usb 1ab2 5678 SN42";
+    QTest::newRow("usb resource, decimal, interface") << "USB::6834::22136::A-1::0::INSTR"
+                                                      << "usb 1ab2 5678 A-1";
+    QTest::newRow("sim") << "sim:"
+                         << "sim 1";
+    QTest::newRow("sim with speed") << "sim:?speed=10"
+                                    << "sim 10";
 }
 
 void TestLinkAddress::accepted()
@@ -110,16 +119,18 @@ void TestLinkAddress::refused_data()
     QTest::newRow("no resource class")
         << "TCPIP0::bench-psu.example::5025"
         << "TCPIP0::bench-psu.example::5025: a resource string ends in ::INSTR or ::SOCKET";
-    QTest::newRow("port out of range")
-        << "TCPIP0::bench-psu.example::70000::SOCKET"
-        << "TCPIP0::bench-psu.example::70000::SOCKET: port \"70000\" is not a number from 1 to 65535";
-    QTest::newRow("socket without port")
-        << "TCPIP0::bench-psu.example::SOCKET"
-        << "TCPIP0::bench-psu.example::SOCKET: a socket resource is TCPIP[board]::HOST::PORT::SOCKET";
-    QTest::newRow("no host") << "TCPIP0::::5025::SOCKET" << "TCPIP0::::5025::SOCKET names no host";
+    QTest::newRow("port out of range") << "TCPIP0::bench-psu.example::70000::SOCKET"
+                                       << "TCPIP0::bench-psu.example::70000::SOCKET: port "
+                                          "\"70000\" is not a number from 1 to 65535";
+    QTest::newRow("socket without port") << "TCPIP0::bench-psu.example::SOCKET"
+                                         << "TCPIP0::bench-psu.example::SOCKET: a socket resource "
+                                            "is TCPIP[board]::HOST::PORT::SOCKET";
+    QTest::newRow("no host") << "TCPIP0::::5025::SOCKET"
+                             << "TCPIP0::::5025::SOCKET names no host";
     QTest::newRow("vxi-11")
         << "TCPIP0::bench-psu.example::inst0::INSTR"
-        << "TCPIP0::bench-psu.example::inst0::INSTR: VXI-11 instruments (TCPIP::...::INSTR) are not "
+        << "TCPIP0::bench-psu.example::inst0::INSTR: VXI-11 instruments (TCPIP::...::INSTR) are "
+           "not "
            "supported; address the instrument's raw socket as TCPIP0::HOST::5025::SOCKET";
     QTest::newRow("vendor too wide")
         << "USB0::0x12345::0x5678::SN42::INSTR"
@@ -144,7 +155,8 @@ void TestLinkAddress::refused_data()
         << "GPIB0::5::INSTR: \"GPIB0\" is not a kind of resource this host reaches; it reaches "
            "TCPIP, USB and ASRL resources";
     QTest::newRow("usbtmc without path")
-        << "usbtmc:usbtmc0" << "usbtmc:usbtmc0: give the device file, as in usbtmc:/dev/usbtmc0";
+        << "usbtmc:usbtmc0"
+        << "usbtmc:usbtmc0: give the device file, as in usbtmc:/dev/usbtmc0";
 }
 
 void TestLinkAddress::refused()
@@ -170,9 +182,10 @@ void TestLinkAddress::usbInstrumentsAreFoundInSysfs()
     for (const UsbInstrument &instrument : attachedUsbInstruments(dir.path()))
         found << instrument.device.mid(dir.path().size()) + QLatin1Char(' ')
                      + instrument.resourceString();
-    QCOMPARE(found,
-             QStringList({QStringLiteral("/dev/usbtmc2 USB0::0x0AAD::0x5678::SN-usbtmc2::INSTR"),
-                          QStringLiteral("/dev/usbtmc10 USB0::0x1AB2::0x5678::SN-usbtmc10::INSTR")}));
+    QCOMPARE(
+        found,
+        QStringList({QStringLiteral("/dev/usbtmc2 USB0::0x0AAD::0x5678::SN-usbtmc2::INSTR"),
+                     QStringLiteral("/dev/usbtmc10 USB0::0x1AB2::0x5678::SN-usbtmc10::INSTR")}));
 }
 
 QTEST_GUILESS_MAIN(TestLinkAddress)

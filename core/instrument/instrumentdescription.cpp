@@ -125,15 +125,19 @@ private:
 };
 
 // A word of the array form: one line holding exactly the placeholders %1..%`placeholders`.
-QString arrayWord(Checker &check, const QJsonObject &object, const QString &key,
-                  const QString &field, int placeholders)
+QString arrayWord(Checker &check,
+                  const QJsonObject &object,
+                  const QString &key,
+                  const QString &field,
+                  int placeholders)
 {
     const QJsonValue value = object.value(key);
     if (!check.ok())
         return {};
     if (!value.isString() || value.toString().trimmed().isEmpty()) {
-        check.fail(field, value.isUndefined() ? QStringLiteral("is missing")
-                                              : QStringLiteral("must be a non-empty text"));
+        check.fail(field,
+                   value.isUndefined() ? QStringLiteral("is missing")
+                                       : QStringLiteral("must be a non-empty text"));
         return {};
     }
     const QString word = value.toString().trimmed();
@@ -144,10 +148,11 @@ QString arrayWord(Checker &check, const QJsonObject &object, const QString &key,
     for (int i = 1; i <= 9; ++i) {
         const int found = word.count(QLatin1Char('%') + QString::number(i));
         if (found != (i <= placeholders ? 1 : 0)) {
-            check.fail(field, placeholders == 1
-                                  ? QStringLiteral("must hold %1 once, for the values")
-                                  : QStringLiteral("must hold %1 (the first step) and %2 (how "
-                                                   "many) once each"));
+            check.fail(field,
+                       placeholders == 1
+                           ? QStringLiteral("must hold %1 once, for the values")
+                           : QStringLiteral("must hold %1 (the first step) and %2 (how "
+                                            "many) once each"));
             return {};
         }
     }
@@ -163,10 +168,15 @@ ListArrays readListArrays(Checker &check, const QJsonValue &value)
         return arrays;
     }
     const QJsonObject root = value.toObject();
-    arrays.maxValues = check.integer(root, QStringLiteral("maxValues"),
-                                     field + QStringLiteral(".maxValues"), 1,
+    arrays.maxValues = check.integer(root,
+                                     QStringLiteral("maxValues"),
+                                     field + QStringLiteral(".maxValues"),
+                                     1,
                                      limits::maxArrayValues);
-    auto words = [&](const char *group, int placeholders, QString *voltage, QString *current,
+    auto words = [&](const char *group,
+                     int placeholders,
+                     QString *voltage,
+                     QString *current,
                      QString *time) {
         const QString name = QLatin1String(group);
         const QString prefix = field + QLatin1Char('.') + name + QLatin1Char('.');
@@ -178,12 +188,12 @@ ListArrays readListArrays(Checker &check, const QJsonValue &value)
             return;
         }
         const QJsonObject o = object.toObject();
-        *voltage = arrayWord(check, o, QStringLiteral("voltage"), prefix + QStringLiteral("voltage"),
-                             placeholders);
-        *current = arrayWord(check, o, QStringLiteral("current"), prefix + QStringLiteral("current"),
-                             placeholders);
-        *time = arrayWord(check, o, QStringLiteral("time"), prefix + QStringLiteral("time"),
-                          placeholders);
+        *voltage = arrayWord(
+            check, o, QStringLiteral("voltage"), prefix + QStringLiteral("voltage"), placeholders);
+        *current = arrayWord(
+            check, o, QStringLiteral("current"), prefix + QStringLiteral("current"), placeholders);
+        *time = arrayWord(
+            check, o, QStringLiteral("time"), prefix + QStringLiteral("time"), placeholders);
     };
     words("write", 1, &arrays.writeVoltage, &arrays.writeCurrent, &arrays.writeTime);
     words("append", 1, &arrays.appendVoltage, &arrays.appendCurrent, &arrays.appendTime);

@@ -103,16 +103,16 @@ tcpipResource(const QString &text, const QStringList &fields, const QString &kin
                                   "TCPIP0::HOST::5025::SOCKET")
                           .arg(text));
     if (fields.size() != 4)
-        return refuse(error,
-                      QObject::tr("%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET")
-                          .arg(text));
+        return refuse(
+            error,
+            QObject::tr("%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET").arg(text));
     if (fields.at(1).isEmpty())
         return refuse(error, QObject::tr("%1 names no host").arg(text));
     const auto port = portNumber(fields.at(2));
     if (!port)
-        return refuse(error,
-                      QObject::tr("%1: port \"%2\" is not a number from 1 to 65535")
-                          .arg(text, fields.at(2)));
+        return refuse(
+            error,
+            QObject::tr("%1: port \"%2\" is not a number from 1 to 65535").arg(text, fields.at(2)));
     LinkAddress address;
     address.kind = LinkAddress::Kind::Tcp;
     address.host = fields.at(1);
@@ -121,7 +121,8 @@ tcpipResource(const QString &text, const QStringList &fields, const QString &kin
 }
 
 // USB[n]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR
-std::optional<LinkAddress> usbResource(const QString &text, const QStringList &fields, QString *error)
+std::optional<LinkAddress>
+usbResource(const QString &text, const QStringList &fields, QString *error)
 {
     if (fields.size() != 5 && fields.size() != 6)
         return refuse(error,
@@ -166,7 +167,8 @@ std::optional<LinkAddress> resource(const QString &text, QString *error)
     if (head.startsWith(QLatin1String("ASRL"), Qt::CaseInsensitive)) {
         const QString device = head.mid(4);
         if (kind != QLatin1String("INSTR") || fields.size() != 2)
-            return refuse(error, QObject::tr("%1: a serial resource is ASRL/DEVICE::INSTR").arg(text));
+            return refuse(error,
+                          QObject::tr("%1: a serial resource is ASRL/DEVICE::INSTR").arg(text));
         if (!device.startsWith(QLatin1Char('/')))
             return refuse(error,
                           QObject::tr("%1: name the serial port by its device file, as in "
@@ -208,9 +210,9 @@ std::optional<LinkAddress> parseLinkAddress(const QString &address, QString *err
         usb.kind = LinkAddress::Kind::Usbtmc;
         usb.device = text.mid(7);
         if (!usb.device.startsWith(QLatin1Char('/')))
-            return refuse(error,
-                          QObject::tr("%1: give the device file, as in usbtmc:/dev/usbtmc0")
-                              .arg(text));
+            return refuse(
+                error,
+                QObject::tr("%1: give the device file, as in usbtmc:/dev/usbtmc0").arg(text));
         return usb;
     }
     if (text.startsWith(QLatin1String("sim:")))

@@ -14,7 +14,8 @@ SerialLink::SerialLink(const QString &device, int baud, QObject *parent)
 {
     connect(m_port, &QSerialPort::readyRead, this, [this] { receive(m_port->readAll()); });
     connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-        if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError || !m_port->isOpen())
+        if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError
+            || !m_port->isOpen())
             return;
         // A line that is pulled shows as whichever of these the driver's errno maps to.
         if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError

@@ -49,8 +49,8 @@ QVector<UsbInstrument> attachedUsbInstruments(const QString &root)
     QVector<UsbInstrument> found;
     for (const QString &name : qAsConst(names)) {
         // The class entry's "device" is the USB interface; the identity sits on its parent.
-        const QString interface
-            = QFileInfo(classDir.filePath(name + QStringLiteral("/device"))).canonicalFilePath();
+        const QString interface = QFileInfo(classDir.filePath(name + QStringLiteral("/device")))
+                                      .canonicalFilePath();
         if (interface.isEmpty())
             continue;
         const QString usbDevice = QFileInfo(interface).path();

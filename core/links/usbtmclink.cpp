@@ -172,8 +172,8 @@ bool UsbtmcLink::send(const QByteArray &message)
                 continue;
             return false;
         }
-        const ssize_t n = ::write(m_fd, message.constData() + done,
-                                  static_cast<size_t>(message.size() - done));
+        const ssize_t n
+            = ::write(m_fd, message.constData() + done, static_cast<size_t>(message.size() - done));
         if (n >= 0) {
             done += n;
         } else if (errno != EAGAIN && errno != EINTR && errno != ETIMEDOUT) {

@@ -26,21 +26,23 @@ void ListReader::read(Handler handler)
     const quint64 reading = ++m_reading;
     const int bound = m_description.maxCount;
     if (!m_description.listArrays.used()) {
-        m_channel->query(m_commands.line("listData"), this, [this, bound, reading](const QByteArray &line) {
-            if (reading == m_reading)
-                finish(reply::parseListData(line, bound));
-        });
+        m_channel->query(
+            m_commands.line("listData"), this, [this, bound, reading](const QByteArray &line) {
+                if (reading == m_reading)
+                    finish(reply::parseListData(line, bound));
+            });
         return;
     }
-    m_channel->query(m_commands.line("listCount"), this, [this, bound, reading](const QByteArray &line) {
-        if (reading != m_reading)
-            return;
-        const auto count = reply::parseCount(line, bound);
-        if (count)
-            readArrays(*count, reading);
-        else
-            finish(std::nullopt);
-    });
+    m_channel->query(
+        m_commands.line("listCount"), this, [this, bound, reading](const QByteArray &line) {
+            if (reading != m_reading)
+                return;
+            const auto count = reply::parseCount(line, bound);
+            if (count)
+                readArrays(*count, reading);
+            else
+                finish(std::nullopt);
+        });
 }
 
 void ListReader::readArrays(int count, quint64 reading)
@@ -77,7 +79,8 @@ void ListReader::readArrays(int count, quint64 reading)
                     Steps steps;
                     steps.reserve(m_count);
                     for (int i = 0; i < m_count; ++i)
-                        steps.append(ListData(m_values[0].at(i), m_values[1].at(i), m_values[2].at(i)));
+                        steps.append(
+                            ListData(m_values[0].at(i), m_values[1].at(i), m_values[2].at(i)));
                     finish(steps);
                 }
             });

@@ -190,32 +190,34 @@ void UploadSession::sendPiece()
 
 void UploadSession::sync(int upTo, int from)
 {
-    m_channel->query(m_commands.line("nextError"), this, [this, upTo, from](const QByteArray &line) {
-        if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
-            return;
-        const auto error = reply::parseError(line);
-        if (!error) {
-            end({false,
-                 tr("The instrument's error reply could not be read: %1")
-                     .arg(QString::fromUtf8(line.left(200))),
-                 -1,
-                 -1},
-                UploadEnd::Unreadable);
-            return;
-        }
-        if (error->code != 0) {
-            refused(QStringLiteral("%1, %2").arg(error->code).arg(error->text), from, upTo);
-            return;
-        }
-        m_confirmed = qMax(m_confirmed, upTo);
-        const qint64 elapsed = m_clock.elapsed();
-        const qint64 left = m_confirmed > 0 ? elapsed * (m_total - m_confirmed) / m_confirmed : -1;
-        emit progressed(m_confirmed, m_total, left);
-        if (m_waitingForWindow && m_sent - m_confirmed < windowSize()) {
-            m_waitingForWindow = false;
-            emit nextWanted();
-        }
-    });
+    m_channel->query(
+        m_commands.line("nextError"), this, [this, upTo, from](const QByteArray &line) {
+            if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
+                return;
+            const auto error = reply::parseError(line);
+            if (!error) {
+                end({false,
+                     tr("The instrument's error reply could not be read: %1")
+                         .arg(QString::fromUtf8(line.left(200))),
+                     -1,
+                     -1},
+                    UploadEnd::Unreadable);
+                return;
+            }
+            if (error->code != 0) {
+                refused(QStringLiteral("%1, %2").arg(error->code).arg(error->text), from, upTo);
+                return;
+            }
+            m_confirmed = qMax(m_confirmed, upTo);
+            const qint64 elapsed = m_clock.elapsed();
+            const qint64 left
+                = m_confirmed > 0 ? elapsed * (m_total - m_confirmed) / m_confirmed : -1;
+            emit progressed(m_confirmed, m_total, left);
+            if (m_waitingForWindow && m_sent - m_confirmed < windowSize()) {
+                m_waitingForWindow = false;
+                emit nextWanted();
+            }
+        });
 }
 
 void UploadSession::refused(const QString &error, int from, int upTo)
@@ -274,9 +276,8 @@ void UploadSession::finish()
         m_reader->read([this](const std::optional<QList<ListData>> &held) { verifyList(held); });
         return;
     }
-    m_channel->query(m_commands.line("delayerData"), this, [this](const QByteArray &line) {
-        verify(line);
-    });
+    m_channel->query(
+        m_commands.line("delayerData"), this, [this](const QByteArray &line) { verify(line); });
 }
 
 void UploadSession::verifyList(const std::optional<QList<ListData>> &held)

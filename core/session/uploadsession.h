@@ -90,7 +90,8 @@ private:
     int windowSize() const;
     void refused(const QString &error, int from, int upTo);
     void verify(const QByteArray &reply);
-    void verifyList(const std::optional<QList<tarn2::specific::orvo5000::programmer::ListData>> &held);
+    void
+    verifyList(const std::optional<QList<tarn2::specific::orvo5000::programmer::ListData>> &held);
     template<class Step> void compare(const QList<Step> &held);
     bool sameAsStored(int index, const tarn2::specific::orvo5000::programmer::ListData &held) const;
     bool sameAsStored(int index,
