@@ -474,9 +474,8 @@ void CommandInterpreter::addSequence(int modeIndex)
                     m_arrays[channel() * 3 + quantity].clear();
             return done(engine->clearSequence(channel(), mode));
         });
-    if (arrays) {
-        // Lists go as arrays only.
-    } else if (list) {
+    // An instrument that takes Lists as arrays has no List step command.
+    if (list && !arrays) {
         add(pattern("STEP"),
             false,
             4,
@@ -498,7 +497,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                 const std::optional<double> t = number(a.at(3), 'S', &times);
                 return done(t && engine->writeListStep(channel(), *index, *v, *c, *t));
             });
-    } else {
+    } else if (!list) {
         add(pattern("STEP"),
             false,
             3,
@@ -540,6 +539,7 @@ void CommandInterpreter::addSequence(int modeIndex)
             }
             return stepText(*index - 1);
         });
+    // Nor does it read a List back in one line.
     if (!arrays)
         add(pattern("DATA"), true, 0, 0, [engine, mode, channel, stepText](const Arguments &) {
             const int count = engine->stepCount(channel(), mode);
