@@ -1,5 +1,6 @@
 // A 2048-step List uploaded and verified over loopback TCP by the bench host, against a host that
 // waits for one round trip per step, both against tarn_supply_sim in the same run.
+#include "scriptedprompter.h"
 #include "simulatorprocess.h"
 
 #include "commandset.h"
@@ -18,9 +19,11 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
 #include <QHostAddress>
 #include <QPushButton>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QTimer>
 
 using namespace tarn::host;
@@ -121,12 +124,23 @@ void BM_UploadInShownWindow(benchmark::State &state)
     Simulator server;
     const auto description = tarn::sim::InstrumentDescription::builtIn();
     MainWindow window(description, CommandSet());
+    // A question would wait for a hand on a modal box; answered No, it ends the figure instead.
+    tarn::host::test::ScriptedPrompter prompter;
+    window.setPrompter(&prompter);
     window.resize(1280, 860);
     window.show();
-    auto *append
-        = window.dialog()->findChild<QPushButton *>(QStringLiteral("btnListTemplateAppend"));
-    for (int i = 0; i < (steps + 29) / 30; ++i)
-        append->click();
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("long.csv"));
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write("LIST,10\nCycles,1\nEnd Status,Output Off\nGroups,2048\n"
+               "No.,Voltage(V),Current(A),Time(s)\n");
+    for (int i = 0; i < steps; ++i)
+        file.write(QByteArray::number(i) + ',' + QByteArray::number(1.0 + (i % 100) / 10.0, 'f', 3)
+                   + ",1.500,0.500\n");
+    file.close();
+    if (!window.openSequenceFile(path))
+        state.SkipWithError("the sequence did not load");
     BenchController *controller = window.controller();
     QEventLoop loop;
     QObject::connect(controller, &BenchController::stateChanged, &loop, &QEventLoop::quit);

@@ -1,6 +1,7 @@
 // The bench host's window and its controls.
 #include "mainwindow.h"
 
+#include "drawingthrottle.h"
 #include "instrumentoption.h"
 #include "instrumentstatusview.h"
 #include "runview.h"
@@ -205,11 +206,14 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
     m_progress->hide();
     m_cancel->hide();
     connect(m_cancel, &QPushButton::clicked, m_controller, &BenchController::cancelUpload);
-    connect(m_controller, &BenchController::uploadRunning, this, [this](bool running) {
-        m_cancel->setVisible(running);
-        m_progress->setVisible(running);
-        m_progress->clear();
-    });
+    auto *dialogDrawing = new DrawingThrottle(m_dialog, 100, this);
+    connect(
+        m_controller, &BenchController::uploadRunning, this, [this, dialogDrawing](bool running) {
+            dialogDrawing->setActive(running);
+            m_cancel->setVisible(running);
+            m_progress->setVisible(running);
+            m_progress->clear();
+        });
     connect(m_controller,
             &BenchController::uploadProgress,
             this,
