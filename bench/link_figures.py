@@ -105,7 +105,7 @@ if subprocess.run(["which", "xvfb-run"], capture_output=True).returncode == 0:
     environment["QT_QPA_PLATFORM"] = "xcb"
 report = json.loads(subprocess.run(command, capture_output=True, text=True, env=environment,
                                    timeout=600).stdout)
-medians = {b["run_name"]: b["real_time"] for b in report["benchmarks"]
+medians = {b["run_name"].split("/")[0]: b["real_time"] for b in report["benchmarks"]
            if b.get("aggregate_name") == "median"}
 shown = medians["BM_UploadInShownWindow"]
 bare = medians["BM_UploadWithoutWindow"]
