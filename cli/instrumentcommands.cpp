@@ -21,7 +21,9 @@ namespace {
 QCommandLineOption connectOption()
 {
     return {QStringLiteral("connect"),
-            QStringLiteral("The instrument: tcp://HOST[:PORT], serial:DEVICE[?baud=N] or sim:."),
+            QStringLiteral("The instrument: tcp://HOST[:PORT], serial:DEVICE[?baud=N], "
+                           "usbtmc:DEVICE, sim:, or a resource string such as "
+                           "USB0::0x1AB2::0x5678::SN42::INSTR."),
             QStringLiteral("address")};
 }
 

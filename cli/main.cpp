@@ -32,10 +32,11 @@ Commands:
                               write a record's sequence file and a run's trace
 
 Each command takes --help, --json (one JSON object per line on stdout), -q and
---instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT], serial:DEVICE,
-sim:. Ctrl-C during an upload or a run stops the instrument's sequence first.
-Uploads and runs are recorded in the history (--history FILE or postgresql://user@host/db,
---no-history).
+--instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT],
+serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or resource strings TCPIP0::HOST::PORT::SOCKET,
+USB0::VENDOR::PRODUCT::SERIAL::INSTR, ASRL/DEVICE::INSTR. Ctrl-C during an upload or a run stops
+the instrument's sequence first. Uploads and runs are recorded in the history (--history FILE or
+postgresql://user@host/db, --no-history).
 
 Exit status:
   0    success

@@ -227,27 +227,50 @@ ExitStatus Rig::readBackHeld(int channel, bool list)
 {
     const CommandSet &commands = m_commands;
     m_connection.channel()->send(commands.line("selectChannel", {QByteArray::number(channel)}));
-    ExitStatus status = Success;
-    const std::optional<QByteArray> reply
-        = ask(commands.line(list ? "listData" : "delayerData"), &status);
-    if (!reply)
-        return status;
     UploadedSequence held;
     held.list = list;
     held.channel = channel;
     if (channel >= 1 && channel <= m_description.channels.size())
         held.channelName = m_description.channels.at(channel - 1).name;
     if (list) {
-        const auto steps = reply::parseListData(*reply, m_description.maxCount);
+        ExitStatus status = Success;
+        const auto steps = readList(&status);
+        if (status != Success)
+            return status;
         if (steps)
             held.listSteps = *steps;
     } else {
+        ExitStatus status = Success;
+        const std::optional<QByteArray> reply = ask(commands.line("delayerData"), &status);
+        if (!reply)
+            return status;
         const auto steps = reply::parseDelayerData(*reply, m_description.maxCount);
         if (steps)
             held.delayerSteps = *steps;
     }
     m_run.remember(held);
     return Success;
+}
+
+std::optional<ListReader::Steps> Rig::readList(ExitStatus *status)
+{
+    ListReader reader(m_connection.channel(), m_description, m_commands);
+    bool answered = false;
+    std::optional<ListReader::Steps> steps;
+    QEventLoop loop;
+    reader.read([&](const std::optional<ListReader::Steps> &held) {
+        answered = true;
+        steps = held;
+        loop.quit();
+    });
+    connect(&m_connection, &InstrumentConnection::linkLost, &loop, &QEventLoop::quit);
+    connect(m_connection.channel(), &CommandChannel::replyTimedOut, &loop, &QEventLoop::quit);
+    // A read in pieces may take several replies; each has the channel's own limit.
+    waitUntil(
+        loop, [&] { return answered || m_linkStatus != Success; }, 24 * 3600 * 1000);
+    if (!answered)
+        *status = m_linkStatus != Success ? m_linkStatus : Timeout;
+    return steps;
 }
 
 ExitStatus Rig::run(int channel, bool list, double seconds, const QString &tracePath)

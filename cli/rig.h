@@ -4,6 +4,7 @@
 #include "exitstatus.h"
 
 #include <instrumentconnection.h>
+#include <listreader.h>
 #include <runsession.h>
 #include <sequencecontent.h>
 #include <sequenceupload.h>
@@ -59,6 +60,7 @@ signals:
 
 private:
     ExitStatus readBackHeld(int channel, bool list);
+    std::optional<host::ListReader::Steps> readList(ExitStatus *status);
     ExitStatus writeTrace(const QString &path);
 
     sim::InstrumentDescription m_description;

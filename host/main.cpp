@@ -74,7 +74,11 @@ int readOptions(const QCoreApplication &app, Options *options)
     parser.addVersionOption();
     const QCommandLineOption connectTo(QStringLiteral("connect"),
                                        QStringLiteral("Instrument address: tcp://HOST[:PORT], "
-                                                      "serial:DEVICE[?baud=N] or sim:."),
+                                                      "serial:DEVICE[?baud=N], usbtmc:DEVICE, "
+                                                      "sim:, or a resource string "
+                                                      "(TCPIP0::HOST::PORT::SOCKET, "
+                                                      "USB0::VENDOR::PRODUCT::SERIAL::INSTR, "
+                                                      "ASRL/DEVICE::INSTR)."),
                                        QStringLiteral("url"),
                                        QStringLiteral("sim:"));
     const QCommandLineOption instrument(QStringLiteral("instrument"),

@@ -2,7 +2,9 @@
 // end of the commands and not as the end of the connection.
 #include "clientconnection.h"
 
+#include <QElapsedTimer>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <arpa/inet.h>
 #include <cerrno>
@@ -41,6 +43,17 @@ bool wouldBlock(int error)
     return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
 }
 
+qint64 nowNs()
+{
+    static QElapsedTimer clock;
+    if (!clock.isValid())
+        clock.start();
+    return clock.nsecsElapsed();
+}
+
+// At most this long a line's worth of bytes may pile up while the supply was busy.
+constexpr double burstSeconds = 0.002;
+
 } // namespace
 
 ClientConnection::ClientConnection(qintptr descriptor, QObject *parent)
@@ -48,9 +61,23 @@ ClientConnection::ClientConnection(qintptr descriptor, QObject *parent)
     , m_fd(static_cast<int>(descriptor))
     , m_peer(peerOf(m_fd))
 {
-    ::fcntl(m_fd, F_SETFL, ::fcntl(m_fd, F_GETFL) | O_NONBLOCK);
     const int one = 1;
     ::setsockopt(m_fd, IPPROTO_TCP, TCP_NODELAY, &one, sizeof one);
+    watch();
+}
+
+ClientConnection::ClientConnection(int terminal, const QString &name, QObject *parent)
+    : QObject(parent)
+    , m_fd(terminal)
+    , m_peer(name)
+    , m_socket(false)
+{
+    watch();
+}
+
+void ClientConnection::watch()
+{
+    ::fcntl(m_fd, F_SETFL, ::fcntl(m_fd, F_GETFL) | O_NONBLOCK);
     m_readNotifier = new QSocketNotifier(m_fd, QSocketNotifier::Read, this);
     m_writeNotifier = new QSocketNotifier(m_fd, QSocketNotifier::Write, this);
     m_writeNotifier->setEnabled(false);
@@ -72,7 +99,20 @@ qint64 ClientConnection::read(char *data, qint64 size)
 {
     if (m_fd < 0 || m_inputEnded)
         return 0;
-    const ssize_t n = ::recv(m_fd, data, static_cast<size_t>(size), 0);
+    if (m_pace > 0) {
+        refill();
+        size = qMin(size, static_cast<qint64>(m_readCredit));
+        if (size <= 0) {
+            updateReading();
+            return 0;
+        }
+    }
+    const ssize_t n = m_socket ? ::recv(m_fd, data, static_cast<size_t>(size), 0)
+                               : ::read(m_fd, data, static_cast<size_t>(size));
+    if (n > 0 && m_pace > 0)
+        m_readCredit -= static_cast<double>(n);
+    if (n > 0 && !m_socket)
+        return n;
     if (n > 0) {
         // A command that gets no reply would leave its acknowledgement to the delayed-ACK timer,
         // and a client that sends its next line only once the last is acknowledged (Nagle's rule,
@@ -93,8 +133,50 @@ qint64 ClientConnection::read(char *data, qint64 size)
 
 void ClientConnection::setReading(bool on)
 {
-    if (m_fd >= 0)
-        m_readNotifier->setEnabled(on && !m_inputEnded);
+    m_reading = on;
+    updateReading();
+}
+
+void ClientConnection::updateReading()
+{
+    if (m_fd < 0)
+        return;
+    const bool credit = m_pace <= 0 || m_readCredit >= 1.0;
+    m_readNotifier->setEnabled(m_reading && !m_inputEnded && credit);
+    if (m_reading && !credit && !m_paceTimer->isActive())
+        m_paceTimer->start();
+}
+
+void ClientConnection::setPace(int bytesPerSecond)
+{
+    m_pace = bytesPerSecond;
+    if (!m_paceTimer) {
+        m_paceTimer = new QTimer(this);
+        m_paceTimer->setTimerType(Qt::PreciseTimer);
+        m_paceTimer->setInterval(1);
+        connect(m_paceTimer, &QTimer::timeout, this, [this] {
+            refill();
+            const bool waitingToWrite = m_sent < m_out.size();
+            const bool waitingToRead = m_reading && !m_inputEnded;
+            if (!waitingToWrite && !waitingToRead)
+                m_paceTimer->stop();
+            updateReading();
+            if (waitingToWrite)
+                flush();
+        });
+    }
+    m_lastRefill = nowNs();
+    m_readCredit = m_writeCredit = 0.0;
+}
+
+void ClientConnection::refill()
+{
+    const qint64 now = nowNs();
+    const double earned = static_cast<double>(now - m_lastRefill) * 1e-9 * m_pace;
+    const double most = qMax(1.0, m_pace * burstSeconds);
+    m_lastRefill = now;
+    m_readCredit = qMin(most, m_readCredit + earned);
+    m_writeCredit = qMin(most, m_writeCredit + earned);
 }
 
 void ClientConnection::write(const QByteArray &bytes)
@@ -107,11 +189,22 @@ void ClientConnection::write(const QByteArray &bytes)
 
 void ClientConnection::flush()
 {
+    if (m_pace > 0)
+        refill();
     while (m_fd >= 0 && m_sent < m_out.size()) {
-        const ssize_t n = ::send(m_fd,
-                                 m_out.constData() + m_sent,
-                                 static_cast<size_t>(m_out.size() - m_sent),
-                                 MSG_NOSIGNAL);
+        size_t size = static_cast<size_t>(m_out.size() - m_sent);
+        if (m_pace > 0) {
+            size = qMin(size, static_cast<size_t>(m_writeCredit));
+            if (size == 0) {
+                m_paceTimer->start();
+                break;
+            }
+        }
+        const char *from = m_out.constData() + m_sent;
+        const ssize_t n
+            = m_socket ? ::send(m_fd, from, size, MSG_NOSIGNAL) : ::write(m_fd, from, size);
+        if (n > 0 && m_pace > 0)
+            m_writeCredit -= static_cast<double>(n);
         if (n < 0) {
             if (wouldBlock(errno))
                 break;
@@ -131,7 +224,8 @@ void ClientConnection::flush()
         m_out.remove(0, static_cast<int>(m_sent));
         m_sent = 0;
     }
-    m_writeNotifier->setEnabled(!drained);
+    const bool paced = m_pace > 0 && m_writeCredit < 1.0;
+    m_writeNotifier->setEnabled(!drained && !paced);
     if (drained && m_closing)
         abort();
 }
@@ -148,6 +242,8 @@ void ClientConnection::abort()
         return;
     m_readNotifier->setEnabled(false);
     m_writeNotifier->setEnabled(false);
+    if (m_paceTimer)
+        m_paceTimer->stop();
     ::close(m_fd);
     m_fd = -1;
     m_out.clear();

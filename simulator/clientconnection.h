@@ -7,14 +7,16 @@
 #include <QString>
 
 class QSocketNotifier;
+class QTimer;
 
 namespace tarn::sim {
 
-// ClientConnection owns a connected TCP socket. Unlike a QTcpSocket it treats the end of the
-// client's input as a half-close: a client that sends its commands and shuts down its sending
-// side still gets every reply, and the socket closes only once they have left. Reading can be
-// paused, so that a client that writes faster than the supply answers is held back by the
-// kernel rather than by memory here.
+// ClientConnection owns a connected TCP socket, or the master side of a pseudo-terminal that
+// stands in for a serial line or a USB instrument's device file. Unlike a QTcpSocket it treats the
+// end of the client's input as a half-close: a client that sends its commands and shuts down its
+// sending side still gets every reply, and the socket closes only once they have left. Reading can
+// be paused, so that a client that writes faster than the supply answers is held back by the kernel
+// rather than by memory here.
 class ClientConnection final : public QObject
 {
     Q_OBJECT
@@ -22,6 +24,8 @@ class ClientConnection final : public QObject
 
 public:
     explicit ClientConnection(qintptr descriptor, QObject *parent = nullptr);
+    // A terminal (the master of a pseudo-terminal) rather than a socket, named `name`.
+    ClientConnection(int terminal, const QString &name, QObject *parent = nullptr);
     ~ClientConnection() override;
 
     QString peer() const { return m_peer; }
@@ -31,6 +35,8 @@ public:
     qint64 read(char *data, qint64 size);
     bool inputEnded() const { return m_inputEnded; }
     void setReading(bool on);
+    // Paces both directions as a serial line of `bytesPerSecond` would; 0 leaves them unpaced.
+    void setPace(int bytesPerSecond);
 
     void write(const QByteArray &bytes);
     qint64 bytesToWrite() const { return m_out.size() - m_sent; }
@@ -47,7 +53,10 @@ signals:
     void closed();
 
 private:
+    void watch();
     void flush();
+    void refill();
+    void updateReading();
 
     int m_fd = -1;
     QString m_peer;
@@ -57,6 +66,14 @@ private:
     qint64 m_sent = 0;
     bool m_inputEnded = false;
     bool m_closing = false;
+    bool m_socket = true;
+    bool m_reading = true;
+    // Pacing: bytes each direction may still move now, topped up by the clock.
+    int m_pace = 0;
+    double m_readCredit = 0.0;
+    double m_writeCredit = 0.0;
+    qint64 m_lastRefill = 0;
+    QTimer *m_paceTimer = nullptr;
 };
 
 } // namespace tarn::sim

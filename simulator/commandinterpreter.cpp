@@ -66,6 +66,8 @@ CommandInterpreter::CommandInterpreter(SupplyEngine *engine)
     addChannel();
     addSequence(static_cast<int>(SequenceMode::List));
     addSequence(static_cast<int>(SequenceMode::Delayer));
+    if (engine->description().listArrays.used())
+        addListArrays();
     addStatus();
 }
 
@@ -461,14 +463,19 @@ void CommandInterpreter::addSequence(int modeIndex)
         return engine->selectedChannel();
     };
 
+    const bool arrays = list && engine->description().listArrays.used();
     add(pattern("CLEar"),
         false,
         0,
         0,
-        [engine, mode, channel](const Arguments &) -> std::optional<QByteArray> {
+        [this, engine, mode, channel, arrays](const Arguments &) -> std::optional<QByteArray> {
+            if (arrays && m_arrays.size() > channel() * 3)
+                for (int quantity = 0; quantity < 3; ++quantity)
+                    m_arrays[channel() * 3 + quantity].clear();
             return done(engine->clearSequence(channel(), mode));
         });
-    if (list) {
+    // An instrument that takes Lists as arrays has no List step command.
+    if (list && !arrays) {
         add(pattern("STEP"),
             false,
             4,
@@ -490,7 +497,7 @@ void CommandInterpreter::addSequence(int modeIndex)
                 const std::optional<double> t = number(a.at(3), 'S', &times);
                 return done(t && engine->writeListStep(channel(), *index, *v, *c, *t));
             });
-    } else {
+    } else if (!list) {
         add(pattern("STEP"),
             false,
             3,
@@ -532,17 +539,19 @@ void CommandInterpreter::addSequence(int modeIndex)
             }
             return stepText(*index - 1);
         });
-    add(pattern("DATA"), true, 0, 0, [engine, mode, channel, stepText](const Arguments &) {
-        const int count = engine->stepCount(channel(), mode);
-        QByteArray all;
-        all.reserve(count * 24);
-        for (int i = 0; i < count; ++i) {
-            if (i > 0)
-                all += ',';
-            all += stepText(i);
-        }
-        return all;
-    });
+    // Nor does it read a List back in one line.
+    if (!arrays)
+        add(pattern("DATA"), true, 0, 0, [engine, mode, channel, stepText](const Arguments &) {
+            const int count = engine->stepCount(channel(), mode);
+            QByteArray all;
+            all.reserve(count * 24);
+            for (int i = 0; i < count; ++i) {
+                if (i > 0)
+                    all += ',';
+                all += stepText(i);
+            }
+            return all;
+        });
     add(pattern("COUNt"), true, 0, 0, [engine, mode, channel](const Arguments &) {
         return QByteArray::number(engine->stepCount(channel(), mode));
     });
@@ -609,6 +618,115 @@ void CommandInterpreter::addSequence(int modeIndex)
         return QByteArray::number(p.step) + ',' + QByteArray::number(p.cycle) + ','
                + seconds(p.elapsed);
     });
+}
+
+namespace {
+
+// The header of a description's word: what comes before its parameters, without a query's '?'.
+QByteArray headerOf(const QString &word)
+{
+    QByteArray header = word.section(QLatin1Char(' '), 0, 0).toUtf8();
+    if (header.endsWith('?'))
+        header.chop(1);
+    return header;
+}
+
+} // namespace
+
+void CommandInterpreter::addListArrays()
+{
+    SupplyEngine *engine = m_engine;
+    const ListArrays &words = engine->description().listArrays;
+    const QString *write[3] = {&words.writeVoltage, &words.writeCurrent, &words.writeTime};
+    const QString *append[3] = {&words.appendVoltage, &words.appendCurrent, &words.appendTime};
+    const QString *read[3] = {&words.readVoltage, &words.readCurrent, &words.readTime};
+    for (int quantity = 0; quantity < 3; ++quantity) {
+        add(headerOf(*write[quantity]),
+            false,
+            1,
+            words.maxValues,
+            [this, quantity](const Arguments &a) { return done(writeArray(quantity, a, false)); });
+        add(headerOf(*append[quantity]),
+            false,
+            1,
+            words.maxValues,
+            [this, quantity](const Arguments &a) { return done(writeArray(quantity, a, true)); });
+        add(headerOf(*read[quantity]),
+            true,
+            2,
+            2,
+            [this, engine, quantity](const Arguments &a) -> std::optional<QByteArray> {
+                const std::optional<int> first = integer(a.at(0));
+                const std::optional<int> count = first ? integer(a.at(1)) : std::nullopt;
+                if (!count)
+                    return std::nullopt;
+                const QVector<ListStep> &steps = engine->listSteps(engine->selectedChannel());
+                const int most = engine->description().listArrays.maxValues;
+                if (*first < 1 || *count < 1 || *count > most
+                    || *first - 1 > steps.size() - *count) {
+                    engine->errors().push(ScpiError::DataOutOfRange,
+                                          QStringLiteral("no steps %1 to %2 (it holds %3; at most "
+                                                         "%4 at once)")
+                                              .arg(*first)
+                                              .arg(*first + *count - 1)
+                                              .arg(steps.size())
+                                              .arg(most));
+                    return std::nullopt;
+                }
+                QByteArray values;
+                for (int i = *first - 1; i < *first - 1 + *count; ++i) {
+                    if (!values.isEmpty())
+                        values += ',';
+                    const ListStep &s = steps.at(i);
+                    values += quantity == 0   ? volts(s.voltage)
+                              : quantity == 1 ? amperes(s.current)
+                                              : seconds(engine->seconds(s.ticks));
+                }
+                return values;
+            });
+    }
+}
+
+bool CommandInterpreter::writeArray(int quantity, const Arguments &arguments, bool append)
+{
+    const int channel = m_engine->selectedChannel();
+    if (m_arrays.size() < (channel + 1) * 3)
+        m_arrays.resize((channel + 1) * 3);
+    const Bounds bounds[3] = {voltageBounds(), currentBounds(), timeBounds()};
+    const char units[3] = {'V', 'A', 'S'};
+    QVector<double> values;
+    values.reserve(arguments.size());
+    // The command is taken or refused whole.
+    for (const QByteArray &argument : arguments) {
+        const std::optional<double> value = number(argument, units[quantity], &bounds[quantity]);
+        if (!value)
+            return false;
+        values.append(*value);
+    }
+    QVector<double> &array = m_arrays[channel * 3 + quantity];
+    if (array.size() + values.size() > m_engine->description().maxCount) {
+        m_engine->errors().push(
+            ScpiError::DataOutOfRange,
+            QStringLiteral("more than %1 steps").arg(m_engine->description().maxCount));
+        return false;
+    }
+    if (!append) {
+        array.clear();
+        if (!m_engine->clearSequence(channel, SequenceMode::List))
+            return false;
+    }
+    const int before = array.size();
+    array += values;
+    // A replaced array has emptied the List; it holds again what all three arrays hold.
+    const QVector<double> *all = &m_arrays[channel * 3];
+    const int complete = static_cast<int>(std::min({all[0].size(), all[1].size(), all[2].size()}));
+    for (int i = m_engine->stepCount(channel, SequenceMode::List); i < complete; ++i) {
+        if (!m_engine->writeListStep(channel, i + 1, all[0].at(i), all[1].at(i), all[2].at(i))) {
+            array.resize(before);
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace tarn::sim

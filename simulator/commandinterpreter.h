@@ -16,6 +16,8 @@ class SupplyEngine;
 // CommandInterpreter executes lines of commands against a SupplyEngine, the way the instrument's
 // firmware would: commands run in order, a failing command pushes its error and the rest of the
 // line still runs, and the answers of the queries on one line come back as one line joined by ';'.
+// It speaks the List dialect its description names: step by step (LIST:STEP, LIST:DATA?), or as
+// arrays with the words of the description's listArrays.
 class CommandInterpreter
 {
 public:
@@ -58,6 +60,10 @@ private:
                   const std::function<bool(double)> &set,
                   int decimals);
     void addSequence(int mode);
+    void addListArrays();
+    // Writes or appends one quantity (0 voltage, 1 current, 2 time) of the selected channel's
+    // List, and makes every step whose three values are known a step of the engine.
+    bool writeArray(int quantity, const Arguments &values, bool append);
     std::optional<QByteArray> executeOne(const QByteArray &text);
 
     std::optional<double>
@@ -75,6 +81,9 @@ private:
 
     SupplyEngine *m_engine;
     QVector<Entry> m_entries;
+    // The List arrays each channel was given, three per channel, while the instrument takes Lists
+    // as arrays: a step exists once all three hold its value.
+    QVector<QVector<double>> m_arrays;
     bool m_replyWaiting = false; // an earlier query on the line has answered: *STB?'s MAV bit
 };
 

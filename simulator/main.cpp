@@ -1,5 +1,6 @@
 // tarn_supply_sim: the simulated supply as a LAN instrument on a raw command socket.
 #include "instrumentdescription.h"
+#include "pseudoterminal.h"
 #include "supplyengine.h"
 #include "supplyserver.h"
 
@@ -105,6 +106,16 @@ int main(int argc, char *argv[])
         QStringLiteral("Fault: store step <n> other than it was written (a List step's current one "
                        "digit off, a Delayer step's state flipped)."),
         QStringLiteral("n"));
+    const QCommandLineOption pty(
+        QStringLiteral("pty"),
+        QStringLiteral(
+            "Serve a pseudo-terminal linked at <path> instead of a socket, for a host to "
+            "open as a serial port or as a USB instrument's device file."),
+        QStringLiteral("path"));
+    const QCommandLineOption baud(
+        QStringLiteral("baud"),
+        QStringLiteral("With --pty: pace the bytes both ways as a serial line of <rate> would."),
+        QStringLiteral("rate"));
     const QCommandLineOption printDescription(
         QStringLiteral("print-description"),
         QStringLiteral("Print the built-in instrument description and exit."));
@@ -117,6 +128,8 @@ int main(int argc, char *argv[])
                        silentAfter,
                        refuseStep,
                        alterStep,
+                       pty,
+                       baud,
                        printDescription});
     parser.process(app);
 
@@ -152,10 +165,12 @@ int main(int argc, char *argv[])
     ServerFaults faults;
     int refused = 0;
     int altered = 0;
+    int baudRate = 0;
     if (!readInt(parser, latency, &faults.latencyMs)
         || !readInt(parser, dropAfter, &faults.dropAfter)
         || !readInt(parser, silentAfter, &faults.silentAfter)
-        || !readInt(parser, refuseStep, &refused) || !readInt(parser, alterStep, &altered))
+        || !readInt(parser, refuseStep, &refused) || !readInt(parser, alterStep, &altered)
+        || !readInt(parser, baud, &baudRate))
         return fail(QStringLiteral("fault options want a whole number of 0 or more"));
 
     SupplyEngine engine(description);
@@ -165,6 +180,25 @@ int main(int argc, char *argv[])
     engine.setAlteredStep(altered);
 
     SupplyServer server(&engine, faults);
+    if (parser.isSet(pty)) {
+        PseudoTerminal terminal;
+        QString error;
+        if (!terminal.open(parser.value(pty), &error))
+            return fail(error);
+        server.serveTerminal(terminal.takeMaster(), parser.value(pty), baudRate);
+        quitOnSignals(&app);
+        std::printf("tarn_supply_sim: %s with %d channels ready on %s (%s)\n",
+                    qPrintable(description.model),
+                    static_cast<int>(description.channels.size()),
+                    qPrintable(parser.value(pty)),
+                    qPrintable(terminal.device()));
+        std::fflush(stdout);
+        const int status = QCoreApplication::exec();
+        std::printf("tarn_supply_sim: stopped after %lld bytes in, %lld bytes out\n",
+                    static_cast<long long>(server.bytesIn()),
+                    static_cast<long long>(server.bytesOut()));
+        return status;
+    }
     if (!server.listen(address, static_cast<quint16>(port)))
         return fail(
             QStringLiteral("cannot listen on %1: %2").arg(listenText, server.errorString()));
@@ -177,6 +211,8 @@ int main(int argc, char *argv[])
                 server.port());
     std::fflush(stdout);
     const int status = QCoreApplication::exec();
-    std::printf("tarn_supply_sim: stopped\n");
+    std::printf("tarn_supply_sim: stopped after %lld bytes in, %lld bytes out\n",
+                static_cast<long long>(server.bytesIn()),
+                static_cast<long long>(server.bytesOut()));
     return status;
 }

@@ -56,6 +56,16 @@ bool SupplyServer::listen(const QHostAddress &address, quint16 port)
     return m_server->listen(address, port);
 }
 
+void SupplyServer::serveTerminal(int master, const QString &name, int baud)
+{
+    auto *terminal = new ClientConnection(master, name, this);
+    connect(terminal, &ClientConnection::closed, terminal, &QObject::deleteLater);
+    // Eight data bits, a start and a stop bit: ten bit times a byte.
+    if (baud > 0)
+        terminal->setPace(baud / 10);
+    serve(terminal);
+}
+
 QString SupplyServer::errorString() const
 {
     return m_server->errorString();
@@ -156,6 +166,7 @@ void SupplyServer::readClient()
         const qint64 n = m_client->read(chunk, sizeof chunk);
         if (n <= 0)
             break;
+        m_bytesIn += n;
         m_buffer.feed(
             chunk,
             n,
@@ -194,6 +205,7 @@ void SupplyServer::processLines()
 
 void SupplyServer::sendReply(const QByteArray &reply)
 {
+    m_bytesOut += reply.size();
     if (m_faults.latencyMs <= 0) {
         m_client->write(reply);
         return;

@@ -49,10 +49,17 @@ public:
     ~SupplyServer() override;
 
     bool listen(const QHostAddress &address, quint16 port);
+    // Serves the master side of a pseudo-terminal as the one client, for as long as it lasts,
+    // paced as a serial line of `baud` would be (0: unpaced). Takes the descriptor.
+    void serveTerminal(int master, const QString &name, int baud);
     QString errorString() const;
     QHostAddress address() const;
     quint16 port() const;
     bool hasClient() const { return !m_client.isNull(); }
+    // Bytes read from clients and replies written to them since the start, for the figures of
+    // a line's speed.
+    qint64 bytesIn() const { return m_bytesIn; }
+    qint64 bytesOut() const { return m_bytesOut; }
 
     static constexpr qint64 outputBound = 1 << 20;
     // How long a newcomer waits for the client being served to leave.
@@ -99,6 +106,8 @@ private:
     qint64 m_delayedBytes = 0;
     QTimer *m_latencyTimer;
     QElapsedTimer m_clock;
+    qint64 m_bytesIn = 0;
+    qint64 m_bytesOut = 0;
 };
 
 } // namespace tarn::sim

@@ -204,18 +204,18 @@ void TestBenchHost::slowInstrumentTimesOutAndTheDialogStaysUsable()
     Simulator sim({QStringLiteral("--latency"), QStringLiteral("800")});
     Bench bench;
     QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
-    bench.append(UploadMode::List, 10);
+    bench.append(UploadMode::List, 40);
 
     const UploadOutcome outcome = bench.upload(UploadMode::List);
     QCOMPARE(outcome.message,
-             QStringLiteral("The upload timed out: %1 of 300 steps were sent, 0 confirmed by the "
+             QStringLiteral("The upload timed out: %1 of 1200 steps were sent, 0 confirmed by the "
                             "instrument")
                  .arg(UploadSession::window));
     QVERIFY(!outcome.verified);
     QVERIFY(bench.dialog->isEnabled());
 
     QVERIFY(bench.connectTo(QStringLiteral("sim:")));
-    QCOMPARE(bench.upload(UploadMode::List).message, QStringLiteral("Verified 300 steps on CH1"));
+    QCOMPARE(bench.upload(UploadMode::List).message, QStringLiteral("Verified 1200 steps on CH1"));
 }
 
 void TestBenchHost::refusedConnectionIsReported()
@@ -230,7 +230,9 @@ void TestBenchHost::refusedConnectionIsReported()
     QVERIFY(!bench.connectTo(QStringLiteral("telnet://somewhere")));
     QCOMPARE(states.last().at(1).toString(),
              QStringLiteral("telnet://somewhere is not an instrument address: use "
-                            "tcp://HOST[:PORT], serial:DEVICE[?baud=N] or sim:"));
+                            "tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or "
+                            "a resource string such as TCPIP0::HOST::5025::SOCKET, "
+                            "USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR"));
 }
 
 void TestBenchHost::uploadWithoutConnectionIsRefused()
@@ -248,7 +250,7 @@ void TestBenchHost::cancelEndsAtOnceAndTellsWhatTheInstrumentHolds()
     Simulator sim({QStringLiteral("--latency"), QStringLiteral("300")});
     Bench bench;
     QVERIFY(bench.connectTo(QStringLiteral("tcp://127.0.0.1:%1").arg(sim.port)));
-    bench.append(UploadMode::List, 10);
+    bench.append(UploadMode::List, 40);
 
     QSignalSpy ended(bench.controller.get(), &BenchController::uploadEnded);
     bench.dialog->uploaderStart(UploadMode::List);
@@ -258,7 +260,7 @@ void TestBenchHost::cancelEndsAtOnceAndTellsWhatTheInstrumentHolds()
     QTRY_VERIFY_WITH_TIMEOUT(bench.dialog->isEnabled(), 200);
     QVERIFY(ended.wait(3000));
     QCOMPARE(ended.first().first().value<UploadOutcome>().message,
-             QStringLiteral("Upload cancelled: the instrument holds %1 of 300 steps")
+             QStringLiteral("Upload cancelled: the instrument holds %1 of 1200 steps")
                  .arg(UploadSession::window));
 }
 

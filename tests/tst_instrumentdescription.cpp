@@ -44,6 +44,24 @@ QByteArray withField(const QString &path, const QJsonValue &value)
     return QJsonDocument(root).toJson();
 }
 
+// The array form of a List, with one of its groups replaced (or left out, for Undefined).
+QJsonObject listArrays(const QString &group = {}, const QJsonValue &value = {})
+{
+    auto words = [](const char *voltage, const char *current, const char *time) {
+        return QJsonObject{{"voltage", voltage}, {"current", current}, {"time", time}};
+    };
+    QJsonObject arrays{
+        {"maxValues", 100},
+        {"write", words("LIST:VOLT %1", "LIST:CURR %1", "LIST:DWEL %1")},
+        {"append", words("LIST:VOLT:APP %1", "LIST:CURR:APP %1", "LIST:DWEL:APP %1")},
+        {"read", words("LIST:VOLT? %1,%2", "LIST:CURR? %1,%2", "LIST:DWEL? %1,%2")}};
+    if (value.isUndefined())
+        arrays.remove(group);
+    else if (!group.isEmpty())
+        arrays.insert(group, value);
+    return arrays;
+}
+
 } // namespace
 
 class TestInstrumentDescription : public QObject
@@ -53,6 +71,7 @@ class TestInstrumentDescription : public QObject
 private slots:
     void jsonRoundTripKeepsEveryField();
     void exampleFileIsTheBuiltInSupply();
+    void arrayExampleSaysHowListsTravel();
     void damagedDescriptionsAreRefused_data();
     void damagedDescriptionsAreRefused();
     void aMillionChannelsAreRefusedBeforeTheyAreRead();
@@ -87,6 +106,20 @@ void TestInstrumentDescription::exampleFileIsTheBuiltInSupply()
         QStringLiteral(TARN_SOURCE_DIR "/simulator/instruments/simulated-supply.json"), &error);
     QVERIFY2(example.has_value(), qPrintable(error));
     QCOMPARE(example->toJson(), InstrumentDescription::builtIn().toJson());
+}
+
+void TestInstrumentDescription::arrayExampleSaysHowListsTravel()
+{
+    QString error;
+    const auto arrays = InstrumentDescription::fromFile(
+        QStringLiteral(TARN_SOURCE_DIR "/simulator/instruments/array-supply.json"), &error);
+    QVERIFY2(arrays.has_value(), qPrintable(error));
+    const ListArrays &words = arrays->listArrays;
+    QCOMPARE(words.maxValues, 100);
+    QCOMPARE(QStringList({words.writeTime, words.appendCurrent, words.readVoltage}),
+             QStringList({"LIST:DWEL %1", "LIST:CURR:APP %1", "LIST:VOLT? %1,%2"}));
+    QCOMPARE(InstrumentDescription::fromJson(arrays->toJson(), &error)->toJson(), arrays->toJson());
+    QVERIFY(!InstrumentDescription::builtIn().listArrays.used());
 }
 
 void TestInstrumentDescription::damagedDescriptionsAreRefused_data()
@@ -140,6 +173,26 @@ void TestInstrumentDescription::damagedDescriptionsAreRefused_data()
     QTest::newRow("twice the same name") << withField("channels.2.name", "ch1")
                                          << "field \"channels[2].name\": \"ch1\" names another "
                                             "channel too";
+    QTest::newRow("arrays of no values") << withField("listArrays", listArrays("maxValues", 0))
+                                         << "field \"listArrays.maxValues\": must lie in 1..1000";
+    QTest::newRow("arrays without append words")
+        << withField("listArrays", listArrays("append", QJsonValue::Undefined))
+        << "field \"listArrays.append\": is missing";
+    QTest::newRow("array word without its values")
+        << withField("listArrays",
+                     listArrays("write",
+                                QJsonObject{{"voltage", "LIST:VOLT %1"},
+                                            {"current", "LIST:CURR"},
+                                            {"time", "LIST:DWEL %1"}}))
+        << "field \"listArrays.write.current\": must hold %1 once, for the values";
+    QTest::newRow("read word without a count")
+        << withField("listArrays",
+                     listArrays("read",
+                                QJsonObject{{"voltage", "LIST:VOLT? %1"},
+                                            {"current", "LIST:CURR? %1,%2"},
+                                            {"time", "LIST:DWEL? %1,%2"}}))
+        << "field \"listArrays.read.voltage\": must hold %1 (the first step) and %2 (how many) "
+           "once each";
     QTest::newRow("command word not a text") << withField("commands", QJsonObject{{"listStep", 1}})
                                              << "field \"commands.listStep\": must be a text";
 }

@@ -4,6 +4,7 @@
 #include "commandset.h"
 #include "prompter.h"
 #include <dialogprogrammer.h>
+#include <window/benchcontroller.h>
 #include <window/mainwindow.h>
 #include <window/runview.h>
 #include <window/sequenceeditor.h>
@@ -21,6 +22,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -82,6 +84,7 @@ private slots:
     void valueBeyondTheRangeIsRefusedWithTheLimit_data();
     void valueBeyondTheRangeIsRefusedWithTheLimit();
     void shortWindowScrollsTheDialogRatherThanSqueezingIt();
+    void dialogDrawsOnlyAtAPaceDuringAnUpload();
 
 private:
     void append(UploadMode mode);
@@ -638,6 +641,34 @@ void TestSafeEditing::shortWindowScrollsTheDialogRatherThanSqueezingIt()
     auto *scroll = m_window->findChild<QScrollArea *>(QStringLiteral("dialogScrollArea"));
     QVERIFY(scroll);
     QVERIFY(scroll->verticalScrollBar()->isVisible());
+}
+
+// While an upload runs the window holds the dialog's drawing back; after it, and after one that
+// failed, the dialog draws again.
+void TestSafeEditing::dialogDrawsOnlyAtAPaceDuringAnUpload()
+{
+    m_window->show();
+    BenchController *controller = m_window->controller();
+    m_window->connectTo(QStringLiteral("sim:"));
+    QTRY_COMPARE(controller->state(), InstrumentConnection::State::Connected);
+    append(UploadMode::List);
+    QSignalSpy ended(controller, &BenchController::uploadEnded);
+    QList<bool> drawing;
+    QObject watching;
+    connect(controller, &BenchController::uploadProgress, &watching, [&] {
+        drawing << m_dialog->updatesEnabled();
+    });
+    m_dialog->uploaderStart(UploadMode::List);
+    QVERIFY(ended.wait(5000));
+    QTRY_VERIFY(!controller->isUploading());
+    QVERIFY(!drawing.isEmpty());
+    QVERIFY(!drawing.contains(true));
+    QVERIFY(m_dialog->updatesEnabled());
+
+    m_window->controller()->disconnectFromInstrument();
+    m_dialog->uploaderStart(UploadMode::List);
+    QTRY_VERIFY(!controller->isUploading());
+    QVERIFY(m_dialog->updatesEnabled());
 }
 
 QTEST_MAIN(TestSafeEditing)

@@ -226,8 +226,9 @@ void TestSupplyServer::terminateStopsCleanly()
     QVERIFY(sim.process().waitForFinished(5000));
     QCOMPARE(sim.process().exitStatus(), QProcess::NormalExit);
     QCOMPARE(sim.process().exitCode(), 0);
+    // "*OPC?\n" in, "1\n" out.
     QCOMPARE(sim.process().readAllStandardOutput().trimmed(),
-             QByteArray("tarn_supply_sim: stopped"));
+             QByteArray("tarn_supply_sim: stopped after 6 bytes in, 2 bytes out"));
 }
 
 QTEST_GUILESS_MAIN(TestSupplyServer)

@@ -89,10 +89,6 @@
         <translation>%1: die einzige Option ist ?speed=F</translation>
     </message>
     <message>
-        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N] or sim:</source>
-        <translation>%1 ist keine Geräteadresse: tcp://HOST[:PORT], serial:DEVICE[?baud=N] oder sim: verwenden</translation>
-    </message>
-    <message>
         <source>field &quot;%1&quot;: no such command word</source>
         <translation>Feld „%1“: kein solches Befehlswort</translation>
     </message>
@@ -296,6 +292,70 @@
     <message>
         <source>current %1 A is above %2&apos;s over-current protection level of %3 A</source>
         <translation>Strom %1 A liegt über dem Überstromschutz von %2 (%3 A)</translation>
+    </message>
+    <message>
+        <source>%1: VXI-11 instruments (TCPIP::...::INSTR) are not supported; address the instrument&apos;s raw socket as TCPIP0::HOST::5025::SOCKET</source>
+        <translation>%1: VXI-11-Geräte (TCPIP::...::INSTR) werden nicht unterstützt; sprechen Sie den Roh-Socket des Geräts als TCPIP0::HOST::5025::SOCKET an</translation>
+    </message>
+    <message>
+        <source>%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET</source>
+        <translation>%1: eine Socket-Ressource lautet TCPIP[board]::HOST::PORT::SOCKET</translation>
+    </message>
+    <message>
+        <source>%1 names no host</source>
+        <translation>%1 nennt keinen Host</translation>
+    </message>
+    <message>
+        <source>%1: port &quot;%2&quot; is not a number from 1 to 65535</source>
+        <translation>%1: Port „%2“ ist keine Zahl von 1 bis 65535</translation>
+    </message>
+    <message>
+        <source>%1: a USB resource is USB[board]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR</source>
+        <translation>%1: eine USB-Ressource lautet USB[board]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: vendor &quot;%2&quot; is not a 16-bit number such as 0x1234</source>
+        <translation>%1: Hersteller „%2“ ist keine 16-Bit-Zahl wie 0x1234</translation>
+    </message>
+    <message>
+        <source>%1: product &quot;%2&quot; is not a 16-bit number such as 0x5678</source>
+        <translation>%1: Produkt „%2“ ist keine 16-Bit-Zahl wie 0x5678</translation>
+    </message>
+    <message>
+        <source>%1 gives no serial number</source>
+        <translation>%1 nennt keine Seriennummer</translation>
+    </message>
+    <message>
+        <source>%1: interface &quot;%2&quot; is not a number</source>
+        <translation>%1: Schnittstelle „%2“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>%1: a resource string ends in ::INSTR or ::SOCKET</source>
+        <translation>%1: eine Ressourcenbezeichnung endet auf ::INSTR oder ::SOCKET</translation>
+    </message>
+    <message>
+        <source>%1: a serial resource is ASRL/DEVICE::INSTR</source>
+        <translation>%1: eine serielle Ressource lautet ASRL/DEVICE::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: name the serial port by its device file, as in ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1: nennen Sie die serielle Schnittstelle über ihre Gerätedatei, etwa ASRL/dev/ttyUSB0::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: a USB resource ends in ::INSTR</source>
+        <translation>%1: eine USB-Ressource endet auf ::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a kind of resource this host reaches; it reaches TCPIP, USB and ASRL resources</source>
+        <translation>%1: „%2“ ist keine Ressourcenart, die dieses Programm erreicht; es erreicht TCPIP-, USB- und ASRL-Ressourcen</translation>
+    </message>
+    <message>
+        <source>%1: give the device file, as in usbtmc:/dev/usbtmc0</source>
+        <translation>%1: geben Sie die Gerätedatei an, etwa usbtmc:/dev/usbtmc0</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1 ist keine Geräteadresse: verwenden Sie tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim: oder eine Ressourcenbezeichnung wie TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR oder ASRL/dev/ttyUSB0::INSTR</translation>
     </message>
 </context>
 <context>
@@ -634,10 +694,6 @@
         <translation>Gerät:</translation>
     </message>
     <message>
-        <source>tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for a serial one, sim: for the simulated supply</source>
-        <translation>tcp://HOST[:PORT] für ein Gerät im Netzwerk, serial:DEVICE[?baud=N] für ein serielles, sim: für das simulierte Netzteil</translation>
-    </message>
-    <message>
         <source>Connect</source>
         <translation>Verbinden</translation>
     </message>
@@ -768,6 +824,10 @@
     <message>
         <source>&amp;History</source>
         <translation>&amp;Verlauf</translation>
+    </message>
+    <message>
+        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
+        <translation>tcp://HOST[:PORT] oder TCPIP0::HOST::PORT::SOCKET für ein LAN-Gerät, serial:DEVICE[?baud=N] oder ASRL/DEVICE::INSTR für ein serielles, usbtmc:DEVICE oder USB0::VENDOR::PRODUCT::SERIAL::INSTR für ein USB-Gerät, sim: für das simulierte Netzgerät</translation>
     </message>
 </context>
 <context>
@@ -1280,6 +1340,10 @@ Die %n Schritte der Datei mit dem Endzustand „Ausgang aus“ laden?</numerusfo
         <source>Cannot open %1: %2</source>
         <translation>%1 kann nicht geöffnet werden: %2</translation>
     </message>
+    <message>
+        <source>The serial line %1 was dropped: was the adapter unplugged or the instrument switched off?</source>
+        <translation>Die serielle Leitung %1 ist abgebrochen: wurde der Adapter abgezogen oder das Gerät ausgeschaltet?</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::Step</name>
@@ -1407,6 +1471,33 @@ Nur die ersten %2 Schritte übertragen?</translation>
     <message>
         <source>Step No. %1 differs: sent %2, the instrument holds %3</source>
         <translation>Schritt Nr. %1 weicht ab: gesendet %2, das Gerät hält %3</translation>
+    </message>
+    <message>
+        <source>Steps %1 to %2 were refused by the instrument: %3 (it holds %4 of %5 steps)</source>
+        <translation>Die Schritte %1 bis %2 wurden vom Gerät abgelehnt: %3 (es hält %4 von %5 Schritten)</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::UsbtmcLink</name>
+    <message>
+        <source>no such USB instrument is attached, or the usbtmc driver has not taken it on</source>
+        <translation>kein solches USB-Gerät ist angeschlossen, oder der usbtmc-Treiber hat es nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: permission denied (the README&apos;s &quot;Connecting an instrument&quot; tells which group may use it)</source>
+        <translation>%1 kann nicht geöffnet werden: keine Berechtigung (der Abschnitt „Connecting an instrument“ der README nennt die Gruppe, die es nutzen darf)</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>%1 kann nicht geöffnet werden: %2</translation>
+    </message>
+    <message>
+        <source>The USB instrument %1 is gone: it was unplugged or switched off</source>
+        <translation>Das USB-Gerät %1 ist verschwunden: es wurde abgezogen oder ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>The USB instrument %1 failed: %2</source>
+        <translation>Das USB-Gerät %1 ist ausgefallen: %2</translation>
     </message>
 </context>
 </TS>

@@ -88,10 +88,6 @@
         <translation>%1：唯一的选项是 ?speed=F</translation>
     </message>
     <message>
-        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N] or sim:</source>
-        <translation>%1 不是仪器地址：请使用 tcp://HOST[:PORT]、serial:DEVICE[?baud=N] 或 sim:</translation>
-    </message>
-    <message>
         <source>field &quot;%1&quot;: no such command word</source>
         <translation>字段“%1”：没有这个命令字</translation>
     </message>
@@ -292,6 +288,70 @@
     <message>
         <source>current %1 A is above %2&apos;s over-current protection level of %3 A</source>
         <translation>电流 %1 A 高于 %2 的过流保护值 %3 A</translation>
+    </message>
+    <message>
+        <source>%1: VXI-11 instruments (TCPIP::...::INSTR) are not supported; address the instrument&apos;s raw socket as TCPIP0::HOST::5025::SOCKET</source>
+        <translation>%1：不支持 VXI-11 仪器（TCPIP::...::INSTR）；请以 TCPIP0::HOST::5025::SOCKET 访问仪器的原始套接字</translation>
+    </message>
+    <message>
+        <source>%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET</source>
+        <translation>%1：套接字资源的格式为 TCPIP[board]::HOST::PORT::SOCKET</translation>
+    </message>
+    <message>
+        <source>%1 names no host</source>
+        <translation>%1 未指定主机</translation>
+    </message>
+    <message>
+        <source>%1: port &quot;%2&quot; is not a number from 1 to 65535</source>
+        <translation>%1：端口“%2”不是 1 到 65535 之间的数字</translation>
+    </message>
+    <message>
+        <source>%1: a USB resource is USB[board]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR</source>
+        <translation>%1：USB 资源的格式为 USB[board]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: vendor &quot;%2&quot; is not a 16-bit number such as 0x1234</source>
+        <translation>%1：厂商“%2”不是 0x1234 这样的 16 位数字</translation>
+    </message>
+    <message>
+        <source>%1: product &quot;%2&quot; is not a 16-bit number such as 0x5678</source>
+        <translation>%1：产品“%2”不是 0x5678 这样的 16 位数字</translation>
+    </message>
+    <message>
+        <source>%1 gives no serial number</source>
+        <translation>%1 未给出序列号</translation>
+    </message>
+    <message>
+        <source>%1: interface &quot;%2&quot; is not a number</source>
+        <translation>%1：接口“%2”不是数字</translation>
+    </message>
+    <message>
+        <source>%1: a resource string ends in ::INSTR or ::SOCKET</source>
+        <translation>%1：资源字符串应以 ::INSTR 或 ::SOCKET 结尾</translation>
+    </message>
+    <message>
+        <source>%1: a serial resource is ASRL/DEVICE::INSTR</source>
+        <translation>%1：串口资源的格式为 ASRL/DEVICE::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: name the serial port by its device file, as in ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1：请用设备文件指定串口，例如 ASRL/dev/ttyUSB0::INSTR</translation>
+    </message>
+    <message>
+        <source>%1: a USB resource ends in ::INSTR</source>
+        <translation>%1：USB 资源应以 ::INSTR 结尾</translation>
+    </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not a kind of resource this host reaches; it reaches TCPIP, USB and ASRL resources</source>
+        <translation>%1：“%2”不是本程序可访问的资源类型；本程序可访问 TCPIP、USB 和 ASRL 资源</translation>
+    </message>
+    <message>
+        <source>%1: give the device file, as in usbtmc:/dev/usbtmc0</source>
+        <translation>%1：请给出设备文件，例如 usbtmc:/dev/usbtmc0</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1 不是仪器地址：请使用 tcp://HOST[:PORT]、serial:DEVICE[?baud=N]、usbtmc:DEVICE、sim:，或 TCPIP0::HOST::5025::SOCKET、USB0::0x1234::0x5678::SERIAL::INSTR、ASRL/dev/ttyUSB0::INSTR 这样的资源字符串</translation>
     </message>
 </context>
 <context>
@@ -629,10 +689,6 @@
         <translation>仪器：</translation>
     </message>
     <message>
-        <source>tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for a serial one, sim: for the simulated supply</source>
-        <translation>tcp://HOST[:PORT] 用于局域网仪器，serial:DEVICE[?baud=N] 用于串口仪器，sim: 用于模拟电源</translation>
-    </message>
-    <message>
         <source>Connect</source>
         <translation>连接</translation>
     </message>
@@ -763,6 +819,10 @@
     <message>
         <source>&amp;History</source>
         <translation>历史记录(&amp;H)</translation>
+    </message>
+    <message>
+        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
+        <translation>局域网仪器用 tcp://HOST[:PORT] 或 TCPIP0::HOST::PORT::SOCKET，串口仪器用 serial:DEVICE[?baud=N] 或 ASRL/DEVICE::INSTR，USB 仪器用 usbtmc:DEVICE 或 USB0::VENDOR::PRODUCT::SERIAL::INSTR，模拟电源用 sim:</translation>
     </message>
 </context>
 <context>
@@ -1269,6 +1329,10 @@ Load its %n steps with the end state Output Off?</source>
         <source>Cannot open %1: %2</source>
         <translation>无法打开 %1:%2</translation>
     </message>
+    <message>
+        <source>The serial line %1 was dropped: was the adapter unplugged or the instrument switched off?</source>
+        <translation>串行线路 %1 已断开：适配器是否被拔出，或仪器是否已关闭？</translation>
+    </message>
 </context>
 <context>
     <name>tarn::host::Step</name>
@@ -1396,6 +1460,33 @@ Upload only the first %2 steps?</source>
     <message>
         <source>Step No. %1 differs: sent %2, the instrument holds %3</source>
         <translation>第 %1 号步骤不一致：发送 %2，仪器保存 %3</translation>
+    </message>
+    <message>
+        <source>Steps %1 to %2 were refused by the instrument: %3 (it holds %4 of %5 steps)</source>
+        <translation>第 %1 至 %2 步被仪器拒绝：%3（仪器中有 %4/%5 步）</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::UsbtmcLink</name>
+    <message>
+        <source>no such USB instrument is attached, or the usbtmc driver has not taken it on</source>
+        <translation>未连接此 USB 仪器，或 usbtmc 驱动程序未接管它</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: permission denied (the README&apos;s &quot;Connecting an instrument&quot; tells which group may use it)</source>
+        <translation>无法打开 %1：权限不足（README 的“Connecting an instrument”一节说明了哪个用户组可以使用它）</translation>
+    </message>
+    <message>
+        <source>Cannot open %1: %2</source>
+        <translation>无法打开 %1:%2</translation>
+    </message>
+    <message>
+        <source>The USB instrument %1 is gone: it was unplugged or switched off</source>
+        <translation>USB 仪器 %1 已消失：它被拔出或已关闭</translation>
+    </message>
+    <message>
+        <source>The USB instrument %1 failed: %2</source>
+        <translation>USB 仪器 %1 出错：%2</translation>
     </message>
 </context>
 </TS>

@@ -124,6 +124,98 @@ private:
     bool m_ok = true;
 };
 
+// A word of the array form: one line holding exactly the placeholders %1..%`placeholders`.
+QString arrayWord(Checker &check,
+                  const QJsonObject &object,
+                  const QString &key,
+                  const QString &field,
+                  int placeholders)
+{
+    const QJsonValue value = object.value(key);
+    if (!check.ok())
+        return {};
+    if (!value.isString() || value.toString().trimmed().isEmpty()) {
+        check.fail(field,
+                   value.isUndefined() ? QStringLiteral("is missing")
+                                       : QStringLiteral("must be a non-empty text"));
+        return {};
+    }
+    const QString word = value.toString().trimmed();
+    if (word.size() > 256 || word.contains(QLatin1Char('\n'))) {
+        check.fail(field, QStringLiteral("must be one line of at most 256 characters"));
+        return {};
+    }
+    for (int i = 1; i <= 9; ++i) {
+        const int found = word.count(QLatin1Char('%') + QString::number(i));
+        if (found != (i <= placeholders ? 1 : 0)) {
+            check.fail(field,
+                       placeholders == 1
+                           ? QStringLiteral("must hold %1 once, for the values")
+                           : QStringLiteral("must hold %1 (the first step) and %2 (how "
+                                            "many) once each"));
+            return {};
+        }
+    }
+    return word;
+}
+
+ListArrays readListArrays(Checker &check, const QJsonValue &value)
+{
+    ListArrays arrays;
+    const QString field = QStringLiteral("listArrays");
+    if (!value.isObject()) {
+        check.fail(field, QStringLiteral("must be an object"));
+        return arrays;
+    }
+    const QJsonObject root = value.toObject();
+    arrays.maxValues = check.integer(root,
+                                     QStringLiteral("maxValues"),
+                                     field + QStringLiteral(".maxValues"),
+                                     1,
+                                     limits::maxArrayValues);
+    auto words = [&](const char *group,
+                     int placeholders,
+                     QString *voltage,
+                     QString *current,
+                     QString *time) {
+        const QString name = QLatin1String(group);
+        const QString prefix = field + QLatin1Char('.') + name + QLatin1Char('.');
+        const QJsonValue object = root.value(name);
+        if (check.ok() && !object.isObject()) {
+            check.fail(field + QLatin1Char('.') + name,
+                       object.isUndefined() ? QStringLiteral("is missing")
+                                            : QStringLiteral("must be an object"));
+            return;
+        }
+        const QJsonObject o = object.toObject();
+        *voltage = arrayWord(
+            check, o, QStringLiteral("voltage"), prefix + QStringLiteral("voltage"), placeholders);
+        *current = arrayWord(
+            check, o, QStringLiteral("current"), prefix + QStringLiteral("current"), placeholders);
+        *time = arrayWord(
+            check, o, QStringLiteral("time"), prefix + QStringLiteral("time"), placeholders);
+    };
+    words("write", 1, &arrays.writeVoltage, &arrays.writeCurrent, &arrays.writeTime);
+    words("append", 1, &arrays.appendVoltage, &arrays.appendCurrent, &arrays.appendTime);
+    words("read", 2, &arrays.readVoltage, &arrays.readCurrent, &arrays.readTime);
+    return arrays;
+}
+
+QJsonObject listArraysToJson(const ListArrays &a)
+{
+    auto words = [](const QString &voltage, const QString &current, const QString &time) {
+        return QJsonObject{{QStringLiteral("voltage"), voltage},
+                           {QStringLiteral("current"), current},
+                           {QStringLiteral("time"), time}};
+    };
+    return QJsonObject{
+        {QStringLiteral("maxValues"), a.maxValues},
+        {QStringLiteral("write"), words(a.writeVoltage, a.writeCurrent, a.writeTime)},
+        {QStringLiteral("append"), words(a.appendVoltage, a.appendCurrent, a.appendTime)},
+        {QStringLiteral("read"), words(a.readVoltage, a.readCurrent, a.readTime)},
+    };
+}
+
 QJsonArray rangeToJson(const Range &r)
 {
     return QJsonArray{r.min, r.max};
@@ -272,6 +364,10 @@ std::optional<InstrumentDescription> InstrumentDescription::fromJson(const QByte
         }
     }
 
+    const QJsonValue arrays = root.value(QLatin1String("listArrays"));
+    if (check.ok() && !arrays.isUndefined())
+        d.listArrays = readListArrays(check, arrays);
+
     if (!check.ok())
         return std::nullopt;
     return d;
@@ -327,6 +423,8 @@ QByteArray InstrumentDescription::toJson() const
             commandObject.insert(it.key(), it.value());
         root.insert(QStringLiteral("commands"), commandObject);
     }
+    if (listArrays.used())
+        root.insert(QStringLiteral("listArrays"), listArraysToJson(listArrays));
     return QJsonDocument(root).toJson(QJsonDocument::Indented);
 }
 

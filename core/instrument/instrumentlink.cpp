@@ -35,6 +35,8 @@ void InstrumentLink::receive(const QByteArray &bytes)
     }
     if (overrun && alive)
         fail(tr("The instrument sent a reply longer than %1 bytes").arg(m_bound));
+    else if (alive && m_lines.pending() > 0)
+        emit replyGrew();
 }
 
 void InstrumentLink::fail(const QString &reason)

@@ -37,6 +37,9 @@ public:
 signals:
     void opened();
     void lineReceived(const QByteArray &line);
+    // Part of a reply line arrived: the instrument is answering, however slowly the line brings
+    // a long reply (a read-back at 115200 baud takes seconds).
+    void replyGrew();
     void failed(const QString &reason);
 
 protected:

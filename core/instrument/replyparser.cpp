@@ -77,6 +77,22 @@ std::optional<QList<ListData>> parseListData(const QByteArray &line, int bound)
     return steps;
 }
 
+std::optional<QVector<double>> parseValues(const QByteArray &line, int count)
+{
+    const auto parts = fields(line, count, 1);
+    if (!parts || parts->size() != count)
+        return std::nullopt;
+    QVector<double> values;
+    values.reserve(count);
+    for (const QByteArray &part : *parts) {
+        const auto value = finite(part);
+        if (!value)
+            return std::nullopt;
+        values.append(*value);
+    }
+    return values;
+}
+
 std::optional<QList<DelayerData>> parseDelayerData(const QByteArray &line, int bound)
 {
     const auto parts = fields(line, bound, 2);

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QVector>
 
 #include <optional>
 
@@ -24,6 +25,8 @@ std::optional<int> parseCount(const QByteArray &line, int bound);
 // Voltage, current and time of each step, all in one line; at most `bound` steps.
 std::optional<QList<tarn2::specific::orvo5000::programmer::ListData>>
 parseListData(const QByteArray &line, int bound);
+// Exactly `count` numbers joined by commas: one quantity of a List read as an array.
+std::optional<QVector<double>> parseValues(const QByteArray &line, int count);
 // State (1/0 or ON/OFF) and time of each step; at most `bound` steps.
 std::optional<QList<tarn2::specific::orvo5000::programmer::DelayerData>>
 parseDelayerData(const QByteArray &line, int bound);

@@ -14,7 +14,16 @@ SerialLink::SerialLink(const QString &device, int baud, QObject *parent)
 {
     connect(m_port, &QSerialPort::readyRead, this, [this] { receive(m_port->readAll()); });
     connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
-        if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError && m_port->isOpen())
+        if (error == QSerialPort::NoError || error == QSerialPort::TimeoutError
+            || !m_port->isOpen())
+            return;
+        // A line that is pulled shows as whichever of these the driver's errno maps to.
+        if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError
+            || error == QSerialPort::WriteError || error == QSerialPort::UnknownError)
+            fail(tr("The serial line %1 was dropped: was the adapter unplugged or the instrument "
+                    "switched off?")
+                     .arg(m_device));
+        else
             fail(m_port->errorString());
     });
 }
@@ -36,6 +45,9 @@ void SerialLink::open()
     // Opening a serial port does not wait for anything; report from the event loop anyway, so
     // that every link answers open() the same way.
     const bool ok = m_port->open(QIODevice::ReadWrite);
+    // Replies a previous session left unread would be taken for answers to this one's queries.
+    if (ok)
+        m_port->clear();
     const QString reason = m_port->errorString();
     QTimer::singleShot(0, this, [this, ok, reason] {
         if (ok)

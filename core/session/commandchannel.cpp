@@ -31,8 +31,14 @@ void CommandChannel::setLink(InstrumentLink *link)
     m_ignore = 0;
     m_timer->stop();
     m_link = link;
-    if (link)
+    if (link) {
         connect(link, &InstrumentLink::lineReceived, this, &CommandChannel::receive);
+        // The time limit is on silence: a long reply still arriving restarts it.
+        connect(link, &InstrumentLink::replyGrew, this, [this] {
+            if (m_timer->isActive())
+                m_timer->start(m_timeoutMs);
+        });
+    }
 }
 
 InstrumentLink *CommandChannel::link() const

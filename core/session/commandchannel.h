@@ -14,8 +14,9 @@ namespace tarn::host {
 class InstrumentLink;
 
 // CommandChannel keeps the queries in flight in the order they were sent, since an instrument
-// answers in that order. When a reply does not come within the time limit, or the link fails,
-// every query in flight is dropped and the channel says why once. Every line both ways is also
+// answers in that order. When the instrument owes a reply and stays silent for the time limit (a
+// long reply still arriving is not silence), or the link fails, every query in flight is dropped
+// and the channel says why once. Every line both ways is also
 // reported for the traffic panel.
 class CommandChannel final : public QObject
 {

@@ -2,6 +2,7 @@
 #include "uploadsession.h"
 
 #include "commandchannel.h"
+#include "listreader.h"
 #include "replyparser.h"
 
 #include <charconv>
@@ -38,6 +39,7 @@ UploadSession::UploadSession(CommandChannel *channel,
     , m_channel(channel)
     , m_description(description)
     , m_commands(commands)
+    , m_reader(new ListReader(channel, description, commands, this))
 {
     qRegisterMetaType<tarn::host::UploadOutcome>();
 }
@@ -80,6 +82,7 @@ void UploadSession::begin(const UploadParam &param)
     m_total = param.maxCount;
     m_sent = 0;
     m_confirmed = 0;
+    m_pieceStart = 0;
     m_waitingForWindow = false;
     m_listSent.clear();
     m_delayerSent.clear();
@@ -124,6 +127,18 @@ void UploadSession::step(int index, const ProgrammerData &data)
 {
     if (m_phase != Phase::Sending)
         return;
+    const int pieceSize = m_description.listArrays.maxValues;
+    if (m_list && pieceSize > 0) {
+        m_listSent.append(static_cast<const ListData &>(data));
+        m_sent = index + 1;
+        if (m_sent - m_pieceStart >= pieceSize || m_sent >= m_total)
+            sendPiece();
+        if (m_sent >= m_total || m_sent - m_confirmed < windowSize())
+            emit nextWanted();
+        else
+            m_waitingForWindow = true;
+        return;
+    }
     if (m_list) {
         const auto &s = static_cast<const ListData &>(data);
         m_listSent.append(s);
@@ -148,37 +163,66 @@ void UploadSession::step(int index, const ProgrammerData &data)
         m_waitingForWindow = true;
 }
 
-void UploadSession::sync(int upTo)
+int UploadSession::windowSize() const
 {
-    m_channel->query(m_commands.line("nextError"), this, [this, upTo](const QByteArray &line) {
-        if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
-            return;
-        const auto error = reply::parseError(line);
-        if (!error) {
-            end({false,
-                 tr("The instrument's error reply could not be read: %1")
-                     .arg(QString::fromUtf8(line.left(200))),
-                 -1,
-                 -1},
-                UploadEnd::Unreadable);
-            return;
-        }
-        if (error->code != 0) {
-            refused(QStringLiteral("%1, %2").arg(error->code).arg(error->text));
-            return;
-        }
-        m_confirmed = qMax(m_confirmed, upTo);
-        const qint64 elapsed = m_clock.elapsed();
-        const qint64 left = m_confirmed > 0 ? elapsed * (m_total - m_confirmed) / m_confirmed : -1;
-        emit progressed(m_confirmed, m_total, left);
-        if (m_waitingForWindow && m_sent - m_confirmed < window) {
-            m_waitingForWindow = false;
-            emit nextWanted();
-        }
-    });
+    // A piece goes only once it is whole, so the window must hold more than one.
+    return qMax(window, 2 * m_description.listArrays.maxValues);
 }
 
-void UploadSession::refused(const QString &error)
+void UploadSession::sendPiece()
+{
+    const sim::ListArrays &words = m_description.listArrays;
+    const bool first = m_pieceStart == 0;
+    QByteArray values[3];
+    for (int i = m_pieceStart; i < m_sent; ++i) {
+        const ListData &step = m_listSent.at(i);
+        const char *separator = i == m_pieceStart ? "" : ",";
+        values[0] += separator + shortest(step.voltage);
+        values[1] += separator + shortest(step.current);
+        values[2] += separator + shortest(step.time);
+    }
+    const QString *write[3] = {first ? &words.writeVoltage : &words.appendVoltage,
+                               first ? &words.writeCurrent : &words.appendCurrent,
+                               first ? &words.writeTime : &words.appendTime};
+    for (int quantity = 0; quantity < 3; ++quantity)
+        m_channel->send(write[quantity]->arg(QString::fromLatin1(values[quantity])).toUtf8());
+    sync(m_sent, m_pieceStart);
+    m_pieceStart = m_sent;
+}
+
+void UploadSession::sync(int upTo, int from)
+{
+    m_channel->query(
+        m_commands.line("nextError"), this, [this, upTo, from](const QByteArray &line) {
+            if (m_phase != Phase::Sending && m_phase != Phase::Verifying)
+                return;
+            const auto error = reply::parseError(line);
+            if (!error) {
+                end({false,
+                     tr("The instrument's error reply could not be read: %1")
+                         .arg(QString::fromUtf8(line.left(200))),
+                     -1,
+                     -1},
+                    UploadEnd::Unreadable);
+                return;
+            }
+            if (error->code != 0) {
+                refused(QStringLiteral("%1, %2").arg(error->code).arg(error->text), from, upTo);
+                return;
+            }
+            m_confirmed = qMax(m_confirmed, upTo);
+            const qint64 elapsed = m_clock.elapsed();
+            const qint64 left
+                = m_confirmed > 0 ? elapsed * (m_total - m_confirmed) / m_confirmed : -1;
+            emit progressed(m_confirmed, m_total, left);
+            if (m_waitingForWindow && m_sent - m_confirmed < windowSize()) {
+                m_waitingForWindow = false;
+                emit nextWanted();
+            }
+        });
+}
+
+void UploadSession::refused(const QString &error, int from, int upTo)
 {
     m_phase = Phase::Ending;
     m_channel->forget();
@@ -186,11 +230,27 @@ void UploadSession::refused(const QString &error)
     m_channel->query(
         m_commands.line(key("listCount", "delayerCount")),
         this,
-        [this, error](const QByteArray &line) {
+        [this, error, from, upTo](const QByteArray &line) {
             const auto held = reply::parseCount(line, m_description.maxCount);
             m_channel->send(m_commands.line("clearStatus"));
             if (!held) {
                 end({false, tr("The instrument refused a step: %1").arg(error), -1, -1},
+                    UploadEnd::Refused);
+                return;
+            }
+            // A piece of arrays is taken or refused whole: name it, not the step the count
+            // points at.
+            if (from >= 0) {
+                end({false,
+                     tr("Steps %1 to %2 were refused by the instrument: %3 (it holds %4 of %5 "
+                        "steps)")
+                         .arg(from + 1)
+                         .arg(upTo)
+                         .arg(error)
+                         .arg(*held)
+                         .arg(m_total),
+                     from,
+                     *held},
                     UploadEnd::Refused);
                 return;
             }
@@ -214,10 +274,26 @@ void UploadSession::finish()
 {
     if (m_phase != Phase::Sending)
         return;
+    if (m_list && m_description.listArrays.used() && m_pieceStart < m_sent)
+        sendPiece();
     m_phase = Phase::Verifying;
-    m_channel->query(m_commands.line(key("listData", "delayerData")),
-                     this,
-                     [this](const QByteArray &line) { verify(line); });
+    if (m_list) {
+        m_reader->read([this](const std::optional<QList<ListData>> &held) { verifyList(held); });
+        return;
+    }
+    m_channel->query(
+        m_commands.line("delayerData"), this, [this](const QByteArray &line) { verify(line); });
+}
+
+void UploadSession::verifyList(const std::optional<QList<ListData>> &held)
+{
+    if (m_phase != Phase::Verifying)
+        return;
+    if (held)
+        compare(*held);
+    else
+        end({false, tr("The instrument's read-back could not be read"), -1, -1},
+            UploadEnd::Mismatch);
 }
 
 QString UploadSession::stepText(int index) const
@@ -246,22 +322,12 @@ void UploadSession::verify(const QByteArray &line)
 {
     if (m_phase != Phase::Verifying)
         return;
-    const int bound = m_description.maxCount;
-    if (m_list) {
-        const auto steps = reply::parseListData(line, bound);
-        if (steps)
-            compare(*steps);
-        else
-            end({false, tr("The instrument's read-back could not be read"), -1, -1},
-                UploadEnd::Mismatch);
-    } else {
-        const auto steps = reply::parseDelayerData(line, bound);
-        if (steps)
-            compare(*steps);
-        else
-            end({false, tr("The instrument's read-back could not be read"), -1, -1},
-                UploadEnd::Mismatch);
-    }
+    const auto steps = reply::parseDelayerData(line, m_description.maxCount);
+    if (steps)
+        compare(*steps);
+    else
+        end({false, tr("The instrument's read-back could not be read"), -1, -1},
+            UploadEnd::Mismatch);
 }
 
 // tr() is qualified here because lupdate reads the template parameter as the class that

@@ -14,6 +14,7 @@
 namespace tarn::host {
 
 class CommandChannel;
+class ListReader;
 
 // How an upload ended, for a caller that must tell outcomes apart (a script's exit status).
 enum class UploadEnd {
@@ -42,14 +43,17 @@ struct UploadOutcome
 // query confirms the steps before it, so the upload runs at the link's speed. When the dialog has
 // handed out the last step the session reads the sequence back and compares it with what was sent,
 // as the instrument stores it, rounded to its decimals. It asks for the next step and for the end
-// of the run through signals, which the host delivers from the event loop.
+// of the run through signals, which the host delivers from the event loop. To an instrument that
+// takes Lists as arrays the steps go in pieces of the description's size, each piece confirmed by
+// one error query, and the read-back asks for the arrays.
 class UploadSession final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(UploadSession)
 
 public:
-    static constexpr int window = 256;
+    // Enough steps in flight that a reply 2 ms late does not halve the rate over a LAN.
+    static constexpr int window = 1024;
     static constexpr int syncEvery = 64;
 
     UploadSession(CommandChannel *channel,
@@ -95,9 +99,13 @@ signals:
 private:
     enum class Phase { Idle, Sending, Verifying, Ending };
 
-    void sync(int upTo);
-    void refused(const QString &error);
+    void sync(int upTo, int from = -1);
+    void sendPiece();
+    int windowSize() const;
+    void refused(const QString &error, int from, int upTo);
     void verify(const QByteArray &reply);
+    void
+    verifyList(const std::optional<QList<tarn2::specific::orvo5000::programmer::ListData>> &held);
     template<class Step> void compare(const QList<Step> &held);
     bool sameAsStored(int index, const tarn2::specific::orvo5000::programmer::ListData &held) const;
     bool sameAsStored(int index,
@@ -119,6 +127,8 @@ private:
     int m_total = 0;
     int m_sent = 0;
     int m_confirmed = 0;
+    int m_pieceStart = 0; // the first step not yet sent, when a List goes as arrays
+    ListReader *m_reader;
     bool m_waitingForWindow = false;
     QList<tarn2::specific::orvo5000::programmer::ListData> m_listSent;
     QList<tarn2::specific::orvo5000::programmer::DelayerData> m_delayerSent;

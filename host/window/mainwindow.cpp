@@ -2,6 +2,7 @@
 #include "mainwindow.h"
 #include "historydock.h"
 
+#include "drawingthrottle.h"
 #include "instrumentoption.h"
 #include "instrumentstatusview.h"
 #include "runview.h"
@@ -13,6 +14,7 @@
 #include "widgetprompter.h"
 
 #include <dialogprogrammer.h>
+#include <linkfactory.h>
 #include <qcustomplot.h>
 
 #include <QAction>
@@ -269,11 +271,17 @@ void MainWindow::createConnectionBar()
     m_address->setObjectName(QStringLiteral("address"));
     m_address->setEditable(true);
     m_address->setMinimumContentsLength(18);
-    m_address->setToolTip(tr("tcp://HOST[:PORT] for a LAN instrument, serial:DEVICE[?baud=N] for "
-                             "a serial one, sim: for the simulated supply"));
+    m_address->setToolTip(
+        tr("tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN "
+           "instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial "
+           "one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB "
+           "one, sim: for the simulated supply"));
     m_address->addItems(QSettings().value(recentKey).toStringList());
-    if (m_address->findText(QStringLiteral("sim:")) < 0)
-        m_address->addItem(QStringLiteral("sim:"));
+    // The instruments attached now, after the ones used lately.
+    for (const QString &address :
+         QStringList{QStringLiteral("sim:")} + attachedInstrumentAddresses())
+        if (m_address->findText(address) < 0)
+            m_address->addItem(address);
     bar->addWidget(m_address);
     m_connect = new QPushButton(tr("Connect"), bar);
     m_connect->setObjectName(QStringLiteral("connectButton"));
@@ -392,11 +400,14 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
     m_progress->hide();
     m_cancel->hide();
     connect(m_cancel, &QPushButton::clicked, m_controller, &BenchController::cancelUpload);
-    connect(m_controller, &BenchController::uploadRunning, this, [this](bool running) {
-        m_cancel->setVisible(running);
-        m_progress->setVisible(running);
-        m_progress->clear();
-    });
+    auto *dialogDrawing = new DrawingThrottle(m_dialog, 100, this);
+    connect(
+        m_controller, &BenchController::uploadRunning, this, [this, dialogDrawing](bool running) {
+            dialogDrawing->setActive(running);
+            m_cancel->setVisible(running);
+            m_progress->setVisible(running);
+            m_progress->clear();
+        });
     connect(m_controller,
             &BenchController::uploadProgress,
             this,

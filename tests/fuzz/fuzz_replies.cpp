@@ -1,5 +1,5 @@
 // Fuzzes the bench host's readers of instrument replies: read-back lines, error replies, counts,
-// positions and identities.
+// positions, identities and the values of a List read as arrays.
 #include "replyparser.h"
 
 #include <cstdint>
@@ -12,6 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     if (const auto list = parseListData(line, 2048); list && list->size() > 2048)
         __builtin_trap();
     if (const auto delayer = parseDelayerData(line, 2048); delayer && delayer->size() > 2048)
+        __builtin_trap();
+    if (const auto values = parseValues(line, 100); values && values->size() != 100)
         __builtin_trap();
     if (const auto error = parseError(line); error && (error->code > 0 || error->text.size() > 512))
         __builtin_trap();
