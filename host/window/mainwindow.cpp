@@ -404,6 +404,11 @@ void MainWindow::createStatusBar(const sim::InstrumentDescription &description)
     connect(
         m_controller, &BenchController::uploadRunning, this, [this, dialogDrawing](bool running) {
             dialogDrawing->setActive(running);
+            // The dialog selects each step's row as it hands it out; following it with the
+            // table would ask the window system where the mouse is at every step. The outcome's
+            // row is scrolled to when the upload ends.
+            for (UploadMode mode : modes)
+                m_dialog->sequenceView(mode)->setAutoScroll(!running);
             m_cancel->setVisible(running);
             m_progress->setVisible(running);
             m_progress->clear();

@@ -203,7 +203,7 @@ void RunView::selectionChanged()
         m_plot->legend->setVisible(false);
         m_plot->yAxis->setLabel(QString());
         m_plot->yAxis2->setVisible(false);
-        m_plot->replot();
+        m_plot->replot(QCustomPlot::rpQueuedReplot);
         updateButtons();
         return;
     }
@@ -218,7 +218,9 @@ void RunView::selectionChanged()
     }
     drawPlan(*sequence, cycles);
     updateLabels(*sequence, nullptr);
-    m_plot->replot();
+    // Queued: an upload's start and end both change what is offered, and the plot is drawn once
+    // when the event loop next has time.
+    m_plot->replot(QCustomPlot::rpQueuedReplot);
     updateButtons();
 }
 

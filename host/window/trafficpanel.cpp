@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDateTime>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
@@ -46,25 +47,41 @@ TrafficPanel::TrafficPanel(QWidget *parent)
 
 void TrafficPanel::append(bool sent, const QByteArray &line)
 {
-    // Long read-backs are cut for display; the full line went to the session all the same.
-    QString text = QString::fromUtf8(line.left(300));
-    if (line.size() > 300)
-        text += tr(" … (%1 bytes)").arg(line.size());
-    m_pending.append(QStringLiteral("%1 %2 %3")
-                         .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")),
-                              QLatin1String(sent ? ">" : "<"),
-                              text));
+    // Not QTime::currentTime(): the C library reads the time zone file again at every call.
+    m_pending.append({QDateTime::currentMSecsSinceEpoch(), sent, line});
     if (m_pending.size() > maxLines)
         m_pending.removeFirst();
-    if (!m_flushTimer->isActive())
+    if (isVisible() && !m_flushTimer->isActive())
         m_flushTimer->start();
+}
+
+void TrafficPanel::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    flush();
 }
 
 void TrafficPanel::flush()
 {
     if (m_pending.isEmpty())
         return;
-    m_log->appendPlainText(m_pending.join(QLatin1Char('\n')));
+    QStringList lines;
+    lines.reserve(m_pending.size());
+    constexpr qint64 day = 24 * 3600 * 1000;
+    const qint64 offset = QDateTime::currentDateTime().offsetFromUtc() * qint64(1000);
+    for (const Line &line : qAsConst(m_pending)) {
+        // Long read-backs are cut for display; the full line went to the session all the same.
+        QString text = QString::fromUtf8(line.bytes.left(300));
+        if (line.bytes.size() > 300)
+            text += tr(" … (%1 bytes)").arg(line.bytes.size());
+        lines << QStringLiteral("%1 %2 %3")
+                     .arg(QTime::fromMSecsSinceStartOfDay(
+                              int(((line.msecs + offset) % day + day) % day))
+                              .toString(QStringLiteral("HH:mm:ss.zzz")),
+                          QLatin1String(line.sent ? ">" : "<"),
+                          text);
+    }
+    m_log->appendPlainText(lines.join(QLatin1Char('\n')));
     m_pending.clear();
 }
 

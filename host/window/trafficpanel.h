@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class QPlainTextEdit;
+class QShowEvent;
 class QTimer;
 
 namespace tarn::host {
@@ -23,11 +24,22 @@ public:
     void append(bool sent, const QByteArray &line);
     QString text();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    struct Line
+    {
+        qint64 msecs; // since the epoch, UTC: the local time is worked out once per flush
+        bool sent;
+        QByteArray bytes;
+    };
     void flush();
 
     QPlainTextEdit *m_log;
-    QStringList m_pending; // lines waiting for the next repaint, so an upload is not slowed down
+    // Lines not yet shown: written out at most ten times a second, and only while the panel is
+    // in sight, so an upload is not slowed down by a log nobody reads.
+    QList<Line> m_pending;
     QTimer *m_flushTimer;
 };
 
