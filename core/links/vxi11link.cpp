@@ -4,6 +4,7 @@
 #include <QMetaObject>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <netdb.h>
@@ -299,6 +300,13 @@ void Vxi11Link::post(const QString &failure)
 
 void Vxi11Link::work()
 {
+    // A write on a connection the instrument, or close(), has ended must fail the call, not end
+    // the program: the signal it raises goes to this thread, which ignores it.
+    sigset_t pipe;
+    sigemptyset(&pipe);
+    sigaddset(&pipe, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipe, nullptr);
+
     const QString host = m_address.host;
     addrinfo hints = {};
     hints.ai_family = AF_INET;

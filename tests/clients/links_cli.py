@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 """Drives tarn_bench_cli over every kind of link against tarn_supply_sim, in both List dialects:
-a raw socket on a free loopback port (by URL and by resource string), a serial line on the
+a raw socket on a free loopback port (by URL and by resource string), the VXI-11 core channel on
+another (by URL with its port: the portmapper is not started here), a serial line on the
 supply's pseudo-terminal (by device and by ASRL resource), and the USBTMC link on the same
 pseudo-terminal standing in for /dev/usbtmcN (by device and by USB resource, found in a stand-in
 sysfs tree). Each uploads, verifies and runs; then the faults a bench meets: a dropped line, a
-silent instrument, a vanished USB device, a paced line whose read-back takes longer than the reply
+silent instrument, a vanished USB device or VXI-11 server, a paced line whose read-back takes longer than the reply
 limit, a refused piece of arrays and malformed resource strings.
 
 Usage: links_cli.py PATH/TO/tarn_bench_cli PATH/TO/tarn_supply_sim PATH/TO/array-supply.json
@@ -31,10 +32,11 @@ def check(name, actual, expected):
 
 
 class Supply:
-    """One tarn_supply_sim on a free loopback port, or on a pseudo-terminal linked at `pty`."""
+    """One tarn_supply_sim on a free loopback port (its VXI-11 core channel when `vxi11`), or on a
+    pseudo-terminal linked at `pty`."""
 
-    def __init__(self, *options, pty=None):
-        where = ["--pty", pty] if pty else ["--listen", "127.0.0.1:0"]
+    def __init__(self, *options, pty=None, vxi11=False):
+        where = ["--pty", pty] if pty else ["--vxi11" if vxi11 else "--listen", "127.0.0.1:0"]
         self.process = subprocess.Popen([supply_program, *where, "--speed", "20", *options],
                                         stdout=subprocess.PIPE, text=True)
         ready = self.process.stdout.readline().strip()
@@ -82,16 +84,18 @@ with tempfile.TemporaryDirectory() as work:
     # Every kind of address, in both dialects: upload with read-back, then a run of what the
     # instrument holds, read back afresh by the run.
     addresses = [
-        ("tcp", lambda s: f"tcp://127.0.0.1:{s.port}", False),
-        ("socket resource", lambda s: f"TCPIP0::127.0.0.1::{s.port}::SOCKET", False),
-        ("serial", lambda s: f"serial:{pty}", True),
-        ("serial resource", lambda s: f"ASRL{pty}::INSTR", True),
-        ("usbtmc", lambda s: f"usbtmc:{pty}", True),
-        ("usb resource", lambda s: "USB0::0x1AB2::0x5678::SN42::INSTR", True),
+        ("tcp", lambda s: f"tcp://127.0.0.1:{s.port}", "socket"),
+        ("socket resource", lambda s: f"TCPIP0::127.0.0.1::{s.port}::SOCKET", "socket"),
+        ("vxi11", lambda s: f"vxi11://127.0.0.1:{s.port}/inst0", "vxi11"),
+        ("serial", lambda s: f"serial:{pty}", "pty"),
+        ("serial resource", lambda s: f"ASRL{pty}::INSTR", "pty"),
+        ("usbtmc", lambda s: f"usbtmc:{pty}", "pty"),
+        ("usb resource", lambda s: "USB0::0x1AB2::0x5678::SN42::INSTR", "pty"),
     ]
     for dialect, description in (("steps", []), ("arrays", ["--instrument", arrays])):
-        for kind, address, on_pty in addresses:
-            with Supply(*description, pty=pty if on_pty else None) as supply:
+        for kind, address, served in addresses:
+            with Supply(*description, pty=pty if served == "pty" else None,
+                        vxi11=served == "vxi11") as supply:
                 name = f"{kind}, {dialect}"
                 env = usb_env if kind == "usb resource" else None
                 uploaded = tool("upload", "sine.csv", "--connect", address(supply), *description,
@@ -121,6 +125,10 @@ with tempfile.TemporaryDirectory() as work:
     silent = "tarn_bench_cli: The instrument did not answer SYST:ERR? within 3000 ms: 0 of 30 " \
              "steps were confirmed"
     faults = [
+        ("VXI-11 server gone", "vxi11", "--drop-after", 4,
+         lost.format("The VXI-11 instrument 127.0.0.1 closed the connection: was it switched "
+                     "off?")),
+        ("silent VXI-11 instrument", "vxi11", "--silent-after", 5, silent),
         ("dropped serial line", f"serial:{pty}", "--drop-after", 4,
          lost.format(f"The serial line {pty} was dropped: was the adapter unplugged or the "
                      "instrument switched off?")),
@@ -130,11 +138,14 @@ with tempfile.TemporaryDirectory() as work:
         ("silent USB device", f"usbtmc:{pty}", "--silent-after", 5, silent),
     ]
     for name, address, fault, status, message in faults:
-        with Supply(fault, "12", pty=pty):
+        with Supply(fault, "12", pty=None if address == "vxi11" else pty,
+                    vxi11=address == "vxi11") as supply:
+            if address == "vxi11":
+                address = f"vxi11://127.0.0.1:{supply.port}"
             started = time.monotonic()
             ended = tool("upload", "sine.csv", "--connect", address, cwd=work)
             check(name, (ended.returncode, ended.stderr.strip()), (status, message))
-            # The USB link's thread waits no longer than its own reply limit.
+            # The USB and VXI-11 links' threads wait no longer than their own reply limit.
             check(f"{name} ends in time", time.monotonic() - started < 12, True)
 
     # At 115200 baud the read-back of 2048 steps takes longer than the reply limit; it is not
@@ -155,6 +166,10 @@ with tempfile.TemporaryDirectory() as work:
     check("malformed resource", (malformed.returncode, malformed.stderr.strip()),
           (2, "tarn_bench_cli: USB0::0x1AB2::5678X::SN42::INSTR: product \"5678X\" is not a "
               "16-bit number such as 0x5678"))
+
+    malformed = tool("identify", "--connect", "vxi11://127.0.0.1:0/inst0", cwd=work)
+    check("malformed VXI-11 address", (malformed.returncode, malformed.stderr.strip()),
+          (2, "tarn_bench_cli: vxi11://127.0.0.1:0/inst0 has no usable port"))
 
 print(f"{passed} passed, {len(failures)} failed")
 sys.exit(1 if failures else 0)
