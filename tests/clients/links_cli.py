@@ -12,6 +12,8 @@ Usage: links_cli.py PATH/TO/tarn_bench_cli PATH/TO/tarn_supply_sim PATH/TO/array
 """
 import os
 import re
+import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -52,6 +54,19 @@ class Supply:
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
+
+
+def rpc_call(connection, program, version, procedure, arguments, rpc_version=2):
+    """One ONC RPC call on `connection` and the words of its reply after the xid, or None when the
+    server closed the connection."""
+    record = struct.pack(">6I4I", 7, 0, rpc_version, program, version, procedure, 0, 0, 0, 0)
+    connection.sendall(struct.pack(">I", 0x80000000 | len(record) + len(arguments)) + record
+                       + arguments)
+    header = connection.recv(4, socket.MSG_WAITALL)
+    if len(header) < 4:
+        return None
+    body = connection.recv(struct.unpack(">I", header)[0] & 0x7FFFFFFF, socket.MSG_WAITALL)
+    return list(struct.unpack(f">{len(body) // 4}I", body[:len(body) // 4 * 4]))[1:]
 
 
 def tool(*arguments, cwd, env=None):
@@ -166,6 +181,33 @@ with tempfile.TemporaryDirectory() as work:
     check("malformed resource", (malformed.returncode, malformed.stderr.strip()),
           (2, "tarn_bench_cli: USB0::0x1AB2::5678X::SN42::INSTR: product \"5678X\" is not a "
               "16-bit number such as 0x5678"))
+
+    # The core channel refuses what it cannot serve with the RPC's answers and the instrument's
+    # error numbers, and cuts a connection whose records break their bound; it stays up.
+    core = 0x0607AF
+    inst0 = struct.pack(">3I", 1, 0, 0) + struct.pack(">I", 5) + b"inst0\0\0\0"
+    with Supply(vxi11=True) as supply:
+        with socket.create_connection(("127.0.0.1", int(supply.port)), timeout=10) as c:
+            accepted = [1, 0, 0, 0]  # a reply, accepted, no verifier
+            check("VXI-11 create_link", rpc_call(c, core, 1, 10, inst0),
+                  accepted + [0, 0, 1, 0, 16384])
+            check("VXI-11 other program", rpc_call(c, 100000, 2, 3, b""), accepted + [1])
+            check("VXI-11 other version", rpc_call(c, core, 2, 10, inst0), accepted + [2, 1, 1])
+            check("VXI-11 other procedure", rpc_call(c, core, 1, 15, b""), accepted + [3])
+            check("VXI-11 short arguments", rpc_call(c, core, 1, 11, struct.pack(">2I", 1, 0)),
+                  accepted + [4])
+            check("VXI-11 other RPC version", rpc_call(c, core, 1, 10, inst0, rpc_version=3),
+                  [1, 1, 0, 2, 2])
+            check("VXI-11 other device",
+                  rpc_call(c, core, 1, 10, inst0.replace(b"inst0", b"inst9")),
+                  accepted + [0, 3, 0, 0, 16384])
+            check("VXI-11 read on no link",
+                  rpc_call(c, core, 1, 12, struct.pack(">6I", 9, 64, 0, 0, 0, 0)),
+                  accepted + [0, 4, 0, 0])
+            c.sendall(struct.pack(">I", 0x80000000 | 1 << 30))
+            check("VXI-11 oversized record", c.recv(4), b"")
+        check("VXI-11 serves on", tool("identify", "--connect", f"vxi11://127.0.0.1:{supply.port}",
+                                       cwd=work).returncode, 0)
 
     malformed = tool("identify", "--connect", "vxi11://127.0.0.1:0/inst0", cwd=work)
     check("malformed VXI-11 address", (malformed.returncode, malformed.stderr.strip()),
