@@ -319,7 +319,7 @@ void Vxi11Link::work()
     sockaddr_in where = *reinterpret_cast<const sockaddr_in *>(found->ai_addr);
     ::freeaddrinfo(found);
 
-    // Only one thread at a time may hold the socket that close() shuts down.
+    // The socket is handed over under the lock, so that close() shuts down only one still open.
     const auto connectClient
         = [this, &where](rpcprog_t program, rpcvers_t version, QString *problem) -> CLIENT * {
         const int fd = connectTo(where, m_wake, problem);
