@@ -23,7 +23,7 @@ QCommandLineOption connectOption()
     return {QStringLiteral("connect"),
             QStringLiteral("The instrument: tcp://HOST[:PORT], serial:DEVICE[?baud=N], "
                            "usbtmc:DEVICE, sim:, or a resource string such as "
-                           "USB0::0x1AB2::0x5678::SN42::INSTR."),
+                           "USB0::0x1234::0x5678::SN42::INSTR."),
             QStringLiteral("address")};
 }
 

@@ -33,7 +33,8 @@ Commands:
 
 Each command takes --help, --json (one JSON object per line on stdout), -q and
 --instrument FILE (an instrument description). Addresses: tcp://HOST[:PORT],
-serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or resource strings TCPIP0::HOST::PORT::SOCKET,
+vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or resource strings
+TCPIP0::HOST::PORT::SOCKET, TCPIP0::HOST[::DEVICE]::INSTR (VXI-11),
 USB0::VENDOR::PRODUCT::SERIAL::INSTR, ASRL/DEVICE::INSTR. Ctrl-C during an upload or a run stops
 the instrument's sequence first. Uploads and runs are recorded in the history (--history FILE or
 postgresql://user@host/db, --no-history).

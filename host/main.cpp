@@ -74,9 +74,11 @@ int readOptions(const QCoreApplication &app, Options *options)
     parser.addVersionOption();
     const QCommandLineOption connectTo(QStringLiteral("connect"),
                                        QStringLiteral("Instrument address: tcp://HOST[:PORT], "
+                                                      "vxi11://HOST[:PORT][/DEVICE], "
                                                       "serial:DEVICE[?baud=N], usbtmc:DEVICE, "
                                                       "sim:, or a resource string "
                                                       "(TCPIP0::HOST::PORT::SOCKET, "
+                                                      "TCPIP0::HOST[::DEVICE]::INSTR, "
                                                       "USB0::VENDOR::PRODUCT::SERIAL::INSTR, "
                                                       "ASRL/DEVICE::INSTR)."),
                                        QStringLiteral("url"),

@@ -7,6 +7,7 @@ packages=(
     build-essential cmake
     qtbase5-dev qttools5-dev qttools5-dev-tools libqcustomplot-dev libqt5serialport5-dev
     libbenchmark-dev
+    libtirpc-dev pkg-config
     fonts-dejavu-core fonts-wqy-microhei
     xvfb xauth
     clang libclang-rt-14-dev

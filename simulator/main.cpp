@@ -3,6 +3,7 @@
 #include "pseudoterminal.h"
 #include "supplyengine.h"
 #include "supplyserver.h"
+#include "vxi11server.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -57,6 +58,16 @@ bool readInt(const QCommandLineParser &parser, const QCommandLineOption &option,
     bool ok = false;
     *value = parser.value(option).toInt(&ok);
     return ok && *value >= 0;
+}
+
+bool readEndpoint(const QString &text, QHostAddress *address, quint16 *port)
+{
+    const int colon = text.lastIndexOf(QLatin1Char(':'));
+    bool ok = false;
+    const uint number = text.mid(colon + 1).toUInt(&ok);
+    *address = QHostAddress(text.left(colon));
+    *port = static_cast<quint16>(number);
+    return colon >= 0 && ok && number <= 65535 && !address->isNull();
 }
 
 } // namespace
@@ -116,6 +127,15 @@ int main(int argc, char *argv[])
         QStringLiteral("baud"),
         QStringLiteral("With --pty: pace the bytes both ways as a serial line of <rate> would."),
         QStringLiteral("rate"));
+    const QCommandLineOption vxi11(
+        QStringLiteral("vxi11"),
+        QStringLiteral("Serve the VXI-11 core channel on <address:port> (port 0 picks a free one), "
+                       "instead of the raw socket unless --listen is given too."),
+        QStringLiteral("address:port"));
+    const QCommandLineOption vxi11Register(
+        QStringLiteral("vxi11-register"),
+        QStringLiteral("With --vxi11: register its port with the portmapper running on this "
+                       "machine, if one runs, for clients that give no port."));
     const QCommandLineOption printDescription(
         QStringLiteral("print-description"),
         QStringLiteral("Print the built-in instrument description and exit."));
@@ -130,6 +150,8 @@ int main(int argc, char *argv[])
                        alterStep,
                        pty,
                        baud,
+                       vxi11,
+                       vxi11Register,
                        printDescription});
     parser.process(app);
 
@@ -148,12 +170,14 @@ int main(int argc, char *argv[])
     }
 
     const QString listenText = parser.value(listen);
-    const int colon = listenText.lastIndexOf(QLatin1Char(':'));
-    bool portOk = false;
-    const uint port = listenText.mid(colon + 1).toUInt(&portOk);
-    const QHostAddress address(listenText.left(colon));
-    if (colon < 0 || !portOk || port > 65535 || address.isNull())
+    QHostAddress address;
+    quint16 port = 0;
+    if (!readEndpoint(listenText, &address, &port))
         return fail(QStringLiteral("--listen wants ADDRESS:PORT, such as 127.0.0.1:5025"));
+    QHostAddress vxi11Address;
+    quint16 vxi11Port = 0;
+    if (parser.isSet(vxi11) && !readEndpoint(parser.value(vxi11), &vxi11Address, &vxi11Port))
+        return fail(QStringLiteral("--vxi11 wants ADDRESS:PORT, such as 127.0.0.1:0"));
 
     bool ok = false;
     const double speedFactor = parser.value(speed).toDouble(&ok);
@@ -199,18 +223,42 @@ int main(int argc, char *argv[])
                     static_cast<long long>(server.bytesOut()));
         return status;
     }
-    if (!server.listen(address, static_cast<quint16>(port)))
+    const bool raw = !parser.isSet(vxi11) || parser.isSet(listen);
+    if (raw && !server.listen(address, port))
         return fail(
             QStringLiteral("cannot listen on %1: %2").arg(listenText, server.errorString()));
+    Vxi11Server vxi11Server(&engine, faults);
+    bool registered = false;
+    if (parser.isSet(vxi11)) {
+        if (!vxi11Server.listen(vxi11Address, vxi11Port))
+            return fail(QStringLiteral("cannot serve VXI-11 on %1: %2")
+                            .arg(parser.value(vxi11), vxi11Server.errorString()));
+        QString error;
+        if (parser.isSet(vxi11Register)) {
+            registered = vxi11Server.registerWithPortmapper(true, &error);
+            if (!registered)
+                std::fprintf(stderr, "tarn_supply_sim: not registered: %s\n", qPrintable(error));
+        }
+    }
     quitOnSignals(&app);
 
-    std::printf("tarn_supply_sim: %s with %d channels ready on %s:%u\n",
-                qPrintable(description.model),
-                static_cast<int>(description.channels.size()),
-                qPrintable(server.address().toString()),
-                server.port());
+    if (raw)
+        std::printf("tarn_supply_sim: %s with %d channels ready on %s:%u\n",
+                    qPrintable(description.model),
+                    static_cast<int>(description.channels.size()),
+                    qPrintable(server.address().toString()),
+                    server.port());
+    if (parser.isSet(vxi11))
+        std::printf("tarn_supply_sim: %s with %d channels ready on VXI-11 %s:%u\n",
+                    qPrintable(description.model),
+                    static_cast<int>(description.channels.size()),
+                    qPrintable(vxi11Server.address().toString()),
+                    vxi11Server.port());
     std::fflush(stdout);
     const int status = QCoreApplication::exec();
+    QString error;
+    if (registered && !vxi11Server.registerWithPortmapper(false, &error))
+        std::fprintf(stderr, "tarn_supply_sim: %s\n", qPrintable(error));
     std::printf("tarn_supply_sim: stopped after %lld bytes in, %lld bytes out\n",
                 static_cast<long long>(server.bytesIn()),
                 static_cast<long long>(server.bytesOut()));

@@ -230,8 +230,9 @@ void TestBenchHost::refusedConnectionIsReported()
     QVERIFY(!bench.connectTo(QStringLiteral("telnet://somewhere")));
     QCOMPARE(states.last().at(1).toString(),
              QStringLiteral("telnet://somewhere is not an instrument address: use "
-                            "tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or "
-                            "a resource string such as TCPIP0::HOST::5025::SOCKET, "
+                            "tcp://HOST[:PORT], vxi11://HOST[:PORT][/DEVICE], "
+                            "serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string "
+                            "such as TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, "
                             "USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR"));
 }
 

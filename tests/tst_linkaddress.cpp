@@ -30,6 +30,8 @@ QString where(const LinkAddress &a)
     switch (a.kind) {
     case LinkAddress::Kind::Tcp:
         return QStringLiteral("tcp %1 %2").arg(a.host).arg(a.port);
+    case LinkAddress::Kind::Vxi11:
+        return QStringLiteral("vxi11 %1 %2 %3").arg(a.host).arg(a.port).arg(a.device);
     case LinkAddress::Kind::Serial:
         return QStringLiteral("serial %1 %2").arg(a.device).arg(a.baud);
     case LinkAddress::Kind::Usbtmc:
@@ -78,6 +80,10 @@ void TestLinkAddress::accepted_data()
                                      << "tcp bench-psu.example 5025";
     QTest::newRow("socket resource, any case") << "tcpip1::bench-psu.example::4000::socket"
                                                << "tcp bench-psu.example 4000";
+    QTest::newRow("vxi-11 resource") << "TCPIP0::bench-psu.example::INSTR"
+                                     << "vxi11 bench-psu.example 0 inst0";
+    QTest::newRow("vxi-11 url") << "vxi11://127.0.0.1:1024/gpib0,5"
+                                << "vxi11 127.0.0.1 1024 gpib0,5";
     QTest::newRow("serial") << "serial:/dev/ttyUSB0"
                             << "serial /dev/ttyUSB0 115200";
     QTest::newRow("serial with baud") << "serial:/dev/ttyS1?baud=9600"
@@ -86,10 +92,10 @@ void TestLinkAddress::accepted_data()
                                      << "serial /dev/ttyACM0 115200";
     QTest::newRow("usbtmc device") << "usbtmc:/dev/usbtmc2"
                                    << "usb /dev/usbtmc2";
-    QTest::newRow("usb resource, hex") << "USB0::0x1AB2::0x5678::SN42::INSTR"
-                                       << "usb 1ab2 5678 SN42";
-    QTest::newRow("usb resource, decimal, interface") << "USB::6834::22136::A-1::0::INSTR"
-                                                      << "usb 1ab2 5678 A-1";
+    QTest::newRow("usb resource, hex") << "USB0::0x1234::0x5678::SN42::INSTR"
+                                       << "usb 1234 5678 SN42";
+    QTest::newRow("usb resource, decimal, interface") << "USB::4660::22136::A-1::0::INSTR"
+                                                      << "usb 1234 5678 A-1";
     QTest::newRow("sim") << "sim:"
                          << "sim 1";
     QTest::newRow("sim with speed") << "sim:?speed=10"
@@ -113,8 +119,10 @@ void TestLinkAddress::refused_data()
     QTest::newRow("unknown scheme")
         << "telnet://somewhere"
         << "telnet://somewhere is not an instrument address: use tcp://HOST[:PORT], "
-           "serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as "
-           "TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or "
+           "vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a "
+           "resource string such as "
+           "TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, "
+           "USB0::0x1234::0x5678::SERIAL::INSTR or "
            "ASRL/dev/ttyUSB0::INSTR";
     QTest::newRow("no resource class")
         << "TCPIP0::bench-psu.example::5025"
@@ -127,11 +135,12 @@ void TestLinkAddress::refused_data()
                                             "is TCPIP[board]::HOST::PORT::SOCKET";
     QTest::newRow("no host") << "TCPIP0::::5025::SOCKET"
                              << "TCPIP0::::5025::SOCKET names no host";
-    QTest::newRow("vxi-11")
-        << "TCPIP0::bench-psu.example::inst0::INSTR"
-        << "TCPIP0::bench-psu.example::inst0::INSTR: VXI-11 instruments (TCPIP::...::INSTR) are "
-           "not "
-           "supported; address the instrument's raw socket as TCPIP0::HOST::5025::SOCKET";
+    QTest::newRow("vxi-11 device") << "TCPIP0::bench-psu.example::inst 0::INSTR"
+                                   << "TCPIP0::bench-psu.example::inst 0::INSTR: device \"inst "
+                                      "0\" is not a VXI-11 device name such as inst0";
+    QTest::newRow("vxi-11 url") << "vxi11://bench-psu.example:111?lock"
+                                << "vxi11://bench-psu.example:111?lock is not an address of the "
+                                   "form vxi11://HOST[:PORT][/DEVICE]";
     QTest::newRow("vendor too wide")
         << "USB0::0x12345::0x5678::SN42::INSTR"
         << "USB0::0x12345::0x5678::SN42::INSTR: vendor \"0x12345\" is not a 16-bit number such "
@@ -172,7 +181,7 @@ void TestLinkAddress::usbInstrumentsAreFoundInSysfs()
 {
     QTemporaryDir dir;
     const QDir root(dir.path());
-    addUsbtmc(root, QStringLiteral("usbtmc10"), "1ab2", QStringLiteral("1-3"));
+    addUsbtmc(root, QStringLiteral("usbtmc10"), "1234", QStringLiteral("1-3"));
     addUsbtmc(root, QStringLiteral("usbtmc2"), "0aad", QStringLiteral("1-1"));
     // Not an instrument, and an instrument whose identity cannot be read: both left out.
     addUsbtmc(root, QStringLiteral("hiddev0"), "1234", QStringLiteral("1-4"));
@@ -185,7 +194,7 @@ void TestLinkAddress::usbInstrumentsAreFoundInSysfs()
     QCOMPARE(
         found,
         QStringList({QStringLiteral("/dev/usbtmc2 USB0::0x0AAD::0x5678::SN-usbtmc2::INSTR"),
-                     QStringLiteral("/dev/usbtmc10 USB0::0x1AB2::0x5678::SN-usbtmc10::INSTR")}));
+                     QStringLiteral("/dev/usbtmc10 USB0::0x1234::0x5678::SN-usbtmc10::INSTR")}));
 }
 
 QTEST_GUILESS_MAIN(TestLinkAddress)

@@ -294,10 +294,6 @@
         <translation>Strom %1 A liegt über dem Überstromschutz von %2 (%3 A)</translation>
     </message>
     <message>
-        <source>%1: VXI-11 instruments (TCPIP::...::INSTR) are not supported; address the instrument&apos;s raw socket as TCPIP0::HOST::5025::SOCKET</source>
-        <translation>%1: VXI-11-Geräte (TCPIP::...::INSTR) werden nicht unterstützt; sprechen Sie den Roh-Socket des Geräts als TCPIP0::HOST::5025::SOCKET an</translation>
-    </message>
-    <message>
         <source>%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET</source>
         <translation>%1: eine Socket-Ressource lautet TCPIP[board]::HOST::PORT::SOCKET</translation>
     </message>
@@ -354,8 +350,20 @@
         <translation>%1: geben Sie die Gerätedatei an, etwa usbtmc:/dev/usbtmc0</translation>
     </message>
     <message>
-        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
-        <translation>%1 ist keine Geräteadresse: verwenden Sie tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim: oder eine Ressourcenbezeichnung wie TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR oder ASRL/dev/ttyUSB0::INSTR</translation>
+        <source>%1 is not an address of the form vxi11://HOST[:PORT][/DEVICE]</source>
+        <translation>%1 ist keine Adresse der Form vxi11://HOST[:PORT][/DEVICE]</translation>
+    </message>
+    <message>
+        <source>%1: device &quot;%2&quot; is not a VXI-11 device name such as inst0</source>
+        <translation>%1: das Gerät „%2“ ist kein VXI-11-Gerätename wie inst0</translation>
+    </message>
+    <message>
+        <source>%1: a VXI-11 resource is TCPIP[board]::HOST[::DEVICE]::INSTR</source>
+        <translation>%1: eine VXI-11-Ressource lautet TCPIP[board]::HOST[::DEVICE]::INSTR</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument address: use tcp://HOST[:PORT], vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1 ist keine Geräteadresse: verwenden Sie tcp://HOST[:PORT], vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim: oder eine Ressourcenbezeichnung wie TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, USB0::0x1234::0x5678::SERIAL::INSTR oder ASRL/dev/ttyUSB0::INSTR</translation>
     </message>
 </context>
 <context>
@@ -826,8 +834,8 @@
         <translation>&amp;Verlauf</translation>
     </message>
     <message>
-        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
-        <translation>tcp://HOST[:PORT] oder TCPIP0::HOST::PORT::SOCKET für ein LAN-Gerät, serial:DEVICE[?baud=N] oder ASRL/DEVICE::INSTR für ein serielles, usbtmc:DEVICE oder USB0::VENDOR::PRODUCT::SERIAL::INSTR für ein USB-Gerät, sim: für das simulierte Netzgerät</translation>
+        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument&apos;s raw socket, vxi11://HOST[:PORT][/DEVICE] or TCPIP0::HOST[::DEVICE]::INSTR for a VXI-11 one, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
+        <translation>tcp://HOST[:PORT] oder TCPIP0::HOST::PORT::SOCKET für den Roh-Socket eines LAN-Geräts, vxi11://HOST[:PORT][/DEVICE] oder TCPIP0::HOST[::DEVICE]::INSTR für ein VXI-11-Gerät, serial:DEVICE[?baud=N] oder ASRL/DEVICE::INSTR für ein serielles, usbtmc:DEVICE oder USB0::VENDOR::PRODUCT::SERIAL::INSTR für ein USB-Gerät, sim: für das simulierte Netzgerät</translation>
     </message>
 </context>
 <context>
@@ -1498,6 +1506,101 @@ Nur die ersten %2 Schritte übertragen?</translation>
     <message>
         <source>The USB instrument %1 failed: %2</source>
         <translation>Das USB-Gerät %1 ist ausgefallen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::Vxi11Link</name>
+    <message>
+        <source>syntax error</source>
+        <translation>Syntaxfehler</translation>
+    </message>
+    <message>
+        <source>device not accessible</source>
+        <translation>Gerät nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>invalid link identifier</source>
+        <translation>ungültige Verbindungskennung</translation>
+    </message>
+    <message>
+        <source>parameter error</source>
+        <translation>Parameterfehler</translation>
+    </message>
+    <message>
+        <source>operation not supported</source>
+        <translation>Vorgang nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>out of resources</source>
+        <translation>keine Ressourcen mehr frei</translation>
+    </message>
+    <message>
+        <source>device locked by another link</source>
+        <translation>Gerät von einer anderen Verbindung gesperrt</translation>
+    </message>
+    <message>
+        <source>I/O timeout</source>
+        <translation>E/A-Zeitüberschreitung</translation>
+    </message>
+    <message>
+        <source>I/O error</source>
+        <translation>E/A-Fehler</translation>
+    </message>
+    <message>
+        <source>invalid address</source>
+        <translation>ungültige Adresse</translation>
+    </message>
+    <message>
+        <source>abort</source>
+        <translation>Abbruch</translation>
+    </message>
+    <message>
+        <source>error %1</source>
+        <translation>Fehler %1</translation>
+    </message>
+    <message>
+        <source>cannot find the host %1</source>
+        <translation>der Host %1 ist nicht zu finden</translation>
+    </message>
+    <message>
+        <source>cannot ask the portmapper of %1 for its VXI-11 port (%2); give the port, as in vxi11://HOST:PORT</source>
+        <translation>der Portmapper von %1 kann nicht nach dem VXI-11-Port gefragt werden (%2); geben Sie den Port an, wie in vxi11://HOST:PORT</translation>
+    </message>
+    <message>
+        <source>the portmapper of %1 did not answer: %2</source>
+        <translation>der Portmapper von %1 hat nicht geantwortet: %2</translation>
+    </message>
+    <message>
+        <source>no VXI-11 service registered at %1</source>
+        <translation>bei %1 ist kein VXI-11-Dienst registriert</translation>
+    </message>
+    <message>
+        <source>cannot connect to the VXI-11 service of %1 (%2)</source>
+        <translation>keine Verbindung zum VXI-11-Dienst von %1 (%2)</translation>
+    </message>
+    <message>
+        <source>the VXI-11 service of %1 refused the link: %2</source>
+        <translation>der VXI-11-Dienst von %1 hat die Verbindung abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>the instrument %1 has no device %2: %3</source>
+        <translation>das Gerät %1 hat kein Gerät %2: %3</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 closed the connection: was it switched off?</source>
+        <translation>Das VXI-11-Gerät %1 hat die Verbindung geschlossen: wurde es ausgeschaltet?</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 failed: %2</source>
+        <translation>Das VXI-11-Gerät %1 ist ausgefallen: %2</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 refused a message: %2</source>
+        <translation>Das VXI-11-Gerät %1 hat eine Nachricht abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 failed to answer: %2</source>
+        <translation>Das VXI-11-Gerät %1 konnte nicht antworten: %2</translation>
     </message>
 </context>
 </TS>

@@ -290,10 +290,6 @@
         <translation>电流 %1 A 高于 %2 的过流保护值 %3 A</translation>
     </message>
     <message>
-        <source>%1: VXI-11 instruments (TCPIP::...::INSTR) are not supported; address the instrument&apos;s raw socket as TCPIP0::HOST::5025::SOCKET</source>
-        <translation>%1：不支持 VXI-11 仪器（TCPIP::...::INSTR）；请以 TCPIP0::HOST::5025::SOCKET 访问仪器的原始套接字</translation>
-    </message>
-    <message>
         <source>%1: a socket resource is TCPIP[board]::HOST::PORT::SOCKET</source>
         <translation>%1：套接字资源的格式为 TCPIP[board]::HOST::PORT::SOCKET</translation>
     </message>
@@ -350,8 +346,20 @@
         <translation>%1：请给出设备文件，例如 usbtmc:/dev/usbtmc0</translation>
     </message>
     <message>
-        <source>%1 is not an instrument address: use tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
-        <translation>%1 不是仪器地址：请使用 tcp://HOST[:PORT]、serial:DEVICE[?baud=N]、usbtmc:DEVICE、sim:，或 TCPIP0::HOST::5025::SOCKET、USB0::0x1234::0x5678::SERIAL::INSTR、ASRL/dev/ttyUSB0::INSTR 这样的资源字符串</translation>
+        <source>%1 is not an address of the form vxi11://HOST[:PORT][/DEVICE]</source>
+        <translation>%1 不是 vxi11://HOST[:PORT][/DEVICE] 形式的地址</translation>
+    </message>
+    <message>
+        <source>%1: device &quot;%2&quot; is not a VXI-11 device name such as inst0</source>
+        <translation>%1：设备“%2”不是 inst0 这样的 VXI-11 设备名</translation>
+    </message>
+    <message>
+        <source>%1: a VXI-11 resource is TCPIP[board]::HOST[::DEVICE]::INSTR</source>
+        <translation>%1：VXI-11 资源的格式为 TCPIP[board]::HOST[::DEVICE]::INSTR</translation>
+    </message>
+    <message>
+        <source>%1 is not an instrument address: use tcp://HOST[:PORT], vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string such as TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR</source>
+        <translation>%1 不是仪器地址：请使用 tcp://HOST[:PORT]、vxi11://HOST[:PORT][/DEVICE]、serial:DEVICE[?baud=N]、usbtmc:DEVICE、sim:，或 TCPIP0::HOST::5025::SOCKET、TCPIP0::HOST::inst0::INSTR、USB0::0x1234::0x5678::SERIAL::INSTR、ASRL/dev/ttyUSB0::INSTR 这样的资源字符串</translation>
     </message>
 </context>
 <context>
@@ -821,8 +829,8 @@
         <translation>历史记录(&amp;H)</translation>
     </message>
     <message>
-        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
-        <translation>局域网仪器用 tcp://HOST[:PORT] 或 TCPIP0::HOST::PORT::SOCKET，串口仪器用 serial:DEVICE[?baud=N] 或 ASRL/DEVICE::INSTR，USB 仪器用 usbtmc:DEVICE 或 USB0::VENDOR::PRODUCT::SERIAL::INSTR，模拟电源用 sim:</translation>
+        <source>tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN instrument&apos;s raw socket, vxi11://HOST[:PORT][/DEVICE] or TCPIP0::HOST[::DEVICE]::INSTR for a VXI-11 one, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB one, sim: for the simulated supply</source>
+        <translation>局域网仪器的原始套接字用 tcp://HOST[:PORT] 或 TCPIP0::HOST::PORT::SOCKET，VXI-11 仪器用 vxi11://HOST[:PORT][/DEVICE] 或 TCPIP0::HOST[::DEVICE]::INSTR，串口仪器用 serial:DEVICE[?baud=N] 或 ASRL/DEVICE::INSTR，USB 仪器用 usbtmc:DEVICE 或 USB0::VENDOR::PRODUCT::SERIAL::INSTR，模拟电源用 sim:</translation>
     </message>
 </context>
 <context>
@@ -1487,6 +1495,101 @@ Upload only the first %2 steps?</source>
     <message>
         <source>The USB instrument %1 failed: %2</source>
         <translation>USB 仪器 %1 出错：%2</translation>
+    </message>
+</context>
+<context>
+    <name>tarn::host::Vxi11Link</name>
+    <message>
+        <source>syntax error</source>
+        <translation>语法错误</translation>
+    </message>
+    <message>
+        <source>device not accessible</source>
+        <translation>设备不可访问</translation>
+    </message>
+    <message>
+        <source>invalid link identifier</source>
+        <translation>无效的链路标识符</translation>
+    </message>
+    <message>
+        <source>parameter error</source>
+        <translation>参数错误</translation>
+    </message>
+    <message>
+        <source>operation not supported</source>
+        <translation>不支持该操作</translation>
+    </message>
+    <message>
+        <source>out of resources</source>
+        <translation>资源不足</translation>
+    </message>
+    <message>
+        <source>device locked by another link</source>
+        <translation>设备已被另一链路锁定</translation>
+    </message>
+    <message>
+        <source>I/O timeout</source>
+        <translation>I/O 超时</translation>
+    </message>
+    <message>
+        <source>I/O error</source>
+        <translation>I/O 错误</translation>
+    </message>
+    <message>
+        <source>invalid address</source>
+        <translation>无效地址</translation>
+    </message>
+    <message>
+        <source>abort</source>
+        <translation>中止</translation>
+    </message>
+    <message>
+        <source>error %1</source>
+        <translation>错误 %1</translation>
+    </message>
+    <message>
+        <source>cannot find the host %1</source>
+        <translation>找不到主机 %1</translation>
+    </message>
+    <message>
+        <source>cannot ask the portmapper of %1 for its VXI-11 port (%2); give the port, as in vxi11://HOST:PORT</source>
+        <translation>无法向 %1 的端口映射器查询其 VXI-11 端口（%2）；请给出端口，如 vxi11://HOST:PORT</translation>
+    </message>
+    <message>
+        <source>the portmapper of %1 did not answer: %2</source>
+        <translation>%1 的端口映射器没有应答：%2</translation>
+    </message>
+    <message>
+        <source>no VXI-11 service registered at %1</source>
+        <translation>%1 上没有注册 VXI-11 服务</translation>
+    </message>
+    <message>
+        <source>cannot connect to the VXI-11 service of %1 (%2)</source>
+        <translation>无法连接到 %1 的 VXI-11 服务（%2）</translation>
+    </message>
+    <message>
+        <source>the VXI-11 service of %1 refused the link: %2</source>
+        <translation>%1 的 VXI-11 服务拒绝了链路：%2</translation>
+    </message>
+    <message>
+        <source>the instrument %1 has no device %2: %3</source>
+        <translation>仪器 %1 没有设备 %2：%3</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 closed the connection: was it switched off?</source>
+        <translation>VXI-11 仪器 %1 关闭了连接：是否已关机？</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 failed: %2</source>
+        <translation>VXI-11 仪器 %1 出错：%2</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 refused a message: %2</source>
+        <translation>VXI-11 仪器 %1 拒绝了一条消息：%2</translation>
+    </message>
+    <message>
+        <source>The VXI-11 instrument %1 failed to answer: %2</source>
+        <translation>VXI-11 仪器 %1 未能应答：%2</translation>
     </message>
 </context>
 </TS>

@@ -92,16 +92,60 @@ std::optional<LinkAddress> simUrl(const QString &text, QString *error)
     return address;
 }
 
-// TCPIP[n]::HOST::PORT::SOCKET; TCPIP[n]::HOST[::NAME]::INSTR is VXI-11, which needs an RPC link.
+// A VXI-11 device name: a letter, then letters, digits, ',' or '_' (inst0, gpib0,5).
+bool vxi11Device(const QString &name)
+{
+    static const QRegularExpression form(QStringLiteral("^[A-Za-z][A-Za-z0-9_,]{0,63}$"));
+    return form.match(name).hasMatch();
+}
+
+std::optional<LinkAddress> vxi11Url(const QString &text, QString *error)
+{
+    const QUrl url(text, QUrl::StrictMode);
+    const QString path = url.path();
+    if (!url.isValid() || url.host().isEmpty() || !url.userInfo().isEmpty() || url.hasQuery()
+        || url.hasFragment() || (!path.isEmpty() && !path.startsWith(QLatin1Char('/'))))
+        return refuse(
+            error,
+            QObject::tr("%1 is not an address of the form vxi11://HOST[:PORT][/DEVICE]").arg(text));
+    const int port = url.port(0);
+    if (port < 0 || port > 65535 || (url.port() == 0))
+        return refuse(error, QObject::tr("%1 has no usable port").arg(text));
+    LinkAddress address;
+    address.kind = LinkAddress::Kind::Vxi11;
+    address.host = url.host();
+    address.port = static_cast<quint16>(port);
+    address.device = path.size() > 1 ? path.mid(1) : QStringLiteral("inst0");
+    if (!vxi11Device(address.device))
+        return refuse(error,
+                      QObject::tr("%1: device \"%2\" is not a VXI-11 device name such as inst0")
+                          .arg(text, address.device));
+    return address;
+}
+
+// TCPIP[n]::HOST::PORT::SOCKET is a raw socket; TCPIP[n]::HOST[::DEVICE]::INSTR is VXI-11, whose
+// port the host's portmapper gives.
 std::optional<LinkAddress>
 tcpipResource(const QString &text, const QStringList &fields, const QString &kind, QString *error)
 {
-    if (kind == QLatin1String("INSTR"))
-        return refuse(error,
-                      QObject::tr("%1: VXI-11 instruments (TCPIP::...::INSTR) are not supported; "
-                                  "address the instrument's raw socket as "
-                                  "TCPIP0::HOST::5025::SOCKET")
-                          .arg(text));
+    if (kind == QLatin1String("INSTR")) {
+        if (fields.size() != 3 && fields.size() != 4)
+            return refuse(
+                error,
+                QObject::tr("%1: a VXI-11 resource is TCPIP[board]::HOST[::DEVICE]::INSTR")
+                    .arg(text));
+        if (fields.at(1).isEmpty())
+            return refuse(error, QObject::tr("%1 names no host").arg(text));
+        LinkAddress address;
+        address.kind = LinkAddress::Kind::Vxi11;
+        address.host = fields.at(1);
+        address.device = fields.size() == 4 ? fields.at(2) : QStringLiteral("inst0");
+        if (!vxi11Device(address.device))
+            return refuse(error,
+                          QObject::tr("%1: device \"%2\" is not a VXI-11 device name such as inst0")
+                              .arg(text, address.device));
+        return address;
+    }
     if (fields.size() != 4)
         return refuse(
             error,
@@ -203,6 +247,8 @@ std::optional<LinkAddress> parseLinkAddress(const QString &address, QString *err
     const QString text = address.trimmed();
     if (text.startsWith(QLatin1String("tcp://")))
         return tcpUrl(text, error);
+    if (text.startsWith(QLatin1String("vxi11://")))
+        return vxi11Url(text, error);
     if (text.startsWith(QLatin1String("serial:")))
         return serialUrl(text, error);
     if (text.startsWith(QLatin1String("usbtmc:"))) {
@@ -221,8 +267,9 @@ std::optional<LinkAddress> parseLinkAddress(const QString &address, QString *err
         return resource(text, error);
     return refuse(error,
                   QObject::tr("%1 is not an instrument address: use tcp://HOST[:PORT], "
-                              "serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:, or a resource string "
-                              "such as TCPIP0::HOST::5025::SOCKET, "
+                              "vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], "
+                              "usbtmc:DEVICE, sim:, or a resource string such as "
+                              "TCPIP0::HOST::5025::SOCKET, TCPIP0::HOST::inst0::INSTR, "
                               "USB0::0x1234::0x5678::SERIAL::INSTR or ASRL/dev/ttyUSB0::INSTR")
                       .arg(text));
 }

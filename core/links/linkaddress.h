@@ -12,12 +12,12 @@ namespace tarn::host {
 // of an instrument that is not there fails only when its link opens.
 struct LinkAddress
 {
-    enum class Kind { Tcp, Serial, Usbtmc, Sim };
+    enum class Kind { Tcp, Serial, Usbtmc, Vxi11, Sim };
 
     Kind kind = Kind::Sim;
-    QString host;       // Tcp
-    quint16 port = 0;   // Tcp
-    QString device;     // Serial, Usbtmc given by its device file
+    QString host;       // Tcp, Vxi11
+    quint16 port = 0;   // Tcp; Vxi11 when given, else the host's portmapper is asked
+    QString device;     // Serial, Usbtmc given by its device file, Vxi11's device name
     int baud = 115200;  // Serial
     double speed = 1.0; // Sim
     // Usbtmc given by identity (device empty): found among the attached instruments on open.
@@ -26,8 +26,9 @@ struct LinkAddress
     QString serialNumber;
 };
 
-// Reads tcp://HOST[:PORT], serial:DEVICE[?baud=N], usbtmc:DEVICE, sim:[?speed=F] and the resource
-// strings TCPIP[n]::HOST::PORT::SOCKET, USB[n]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR and
+// Reads tcp://HOST[:PORT], vxi11://HOST[:PORT][/DEVICE], serial:DEVICE[?baud=N], usbtmc:DEVICE,
+// sim:[?speed=F] and the resource strings TCPIP[n]::HOST::PORT::SOCKET,
+// TCPIP[n]::HOST[::DEVICE]::INSTR (VXI-11), USB[n]::VENDOR::PRODUCT::SERIAL[::INTERFACE]::INSTR and
 // ASRL/DEVICE::INSTR. Nothing, with *error naming the part that is wrong, for anything else.
 std::optional<LinkAddress> parseLinkAddress(const QString &address, QString *error);
 

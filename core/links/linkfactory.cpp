@@ -7,6 +7,7 @@
 #include "tcplink.h"
 #include "usbinstruments.h"
 #include "usbtmclink.h"
+#include "vxi11link.h"
 
 #include <instrumentdescription.h>
 
@@ -27,6 +28,8 @@ createLink(const QString &address, const sim::InstrumentDescription &description
         return std::make_unique<SerialLink>(parsed->device, parsed->baud);
     case LinkAddress::Kind::Usbtmc:
         return std::make_unique<UsbtmcLink>(*parsed);
+    case LinkAddress::Kind::Vxi11:
+        return std::make_unique<Vxi11Link>(*parsed);
     case LinkAddress::Kind::Sim:
         break;
     }

@@ -13,7 +13,7 @@ struct UsbInstrument
     quint16 product = 0;
     QString serialNumber;
 
-    // USB0::0x1AB2::0x5678::SN42::INSTR
+    // USB0::0x1234::0x5678::SN42::INSTR
     QString resourceString() const;
 };
 

@@ -271,11 +271,12 @@ void MainWindow::createConnectionBar()
     m_address->setObjectName(QStringLiteral("address"));
     m_address->setEditable(true);
     m_address->setMinimumContentsLength(18);
-    m_address->setToolTip(
-        tr("tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN "
-           "instrument, serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial "
-           "one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB "
-           "one, sim: for the simulated supply"));
+    m_address->setToolTip(tr("tcp://HOST[:PORT] or TCPIP0::HOST::PORT::SOCKET for a LAN "
+                             "instrument's raw socket, vxi11://HOST[:PORT][/DEVICE] or "
+                             "TCPIP0::HOST[::DEVICE]::INSTR for a VXI-11 one, "
+                             "serial:DEVICE[?baud=N] or ASRL/DEVICE::INSTR for a serial "
+                             "one, usbtmc:DEVICE or USB0::VENDOR::PRODUCT::SERIAL::INSTR for a USB "
+                             "one, sim: for the simulated supply"));
     m_address->addItems(QSettings().value(recentKey).toStringList());
     // The instruments attached now, after the ones used lately.
     for (const QString &address :
