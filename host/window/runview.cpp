@@ -458,11 +458,6 @@ QString RunView::statusText() const
     return m_progress->text();
 }
 
-QString RunView::noteText() const
-{
-    return m_note->text();
-}
-
 QString RunView::title() const
 {
     const UploadedSequence *sequence = shown();

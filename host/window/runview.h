@@ -45,8 +45,6 @@ public:
     QString statusText() const;
     // For drawing recorded runs while no run goes on; the next run draws its own again.
     QCustomPlot *plot() const { return m_plot; }
-    // What the run view says of its last action: a run's end, an export's file.
-    QString noteText() const;
     // The channel (from 1) and mode of the sequence the view shows; {0, true} for none.
     QPair<int, bool> shownSequence() const;
     void showSequence(int channel, bool list);
