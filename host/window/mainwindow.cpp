@@ -160,6 +160,9 @@ void MainWindow::fitSequenceTables()
             splitter->setStretchFactor(0, 1);
             splitter->setStretchFactor(1, sequence ? 2 : 1);
             splitter->setCollapsible(1, false);
+            // Where there is room, the plot starts at a readable height; only the run view's
+            // need squeezes it.
+            splitter->setSizes({legiblePlot * 2, steps->minimumHeight()});
         }
     }
 }
